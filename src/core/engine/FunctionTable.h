@@ -1,0 +1,53 @@
+// Functions as rows: what one row says, what a library of rows is, and how a call is checked against its row.
+//
+// A library (mathematics, statistics, finance ...) is a constexpr table of rows and knows no other library. Which
+// library a name belongs to when several hold it is decided in Functions.cpp, and only there.
+#pragma once
+
+#include <QLatin1StringView>
+#include <QList>
+#include <QString>
+
+#include <functional>
+#include <limits>
+#include <optional>
+#include <span>
+
+/// The already evaluated numbers of one call, in their order.
+using Arguments = std::span<const double>;
+
+/// What a function gives: nothing where the call is outside its domain.
+using Value = std::optional<double>;
+
+/// Gives 64 random bits at each call.
+using RandomSource = std::function<quint64()>;
+
+/// `FunctionRow::most` of a function that takes as many arguments as the caller likes.
+constexpr int anyCount = std::numeric_limits<int>::max();
+
+/// All that is to be said about one function. A row has one of `value` and `drawn`.
+struct FunctionRow {
+    QLatin1StringView name; // upper case
+    int fewest;             // arguments
+    int most;
+    Value (*value)(Arguments) = nullptr;
+    Value (*drawn)(Arguments, const RandomSource&) = nullptr; // for functions that need random bits
+};
+
+using FunctionLibrary = std::span<const FunctionRow>;
+
+/// The value of a call, or nothing: a wrong number of arguments, an argument that is not finite, a call outside the
+/// function's domain, a result that is not finite.
+Value CallFunction(const FunctionRow& row, Arguments arguments, const RandomSource& random);
+
+/// 64 bits of the toolkit's global generator.
+quint64 GlobalRandomBits();
+
+/// A call by name within one library.
+///
+/// @param name     upper case
+/// @param ok       whether the call gave a value
+/// @param handled  whether the library has a function of that name; `ok` and the result are final then
+/// @return the value, 0 where there is none
+double RunLibraryFunction(FunctionLibrary library, const QString& name, const QList<double>& arguments, bool& ok,
+                          bool& handled);

@@ -1,0 +1,75 @@
+#include "core/engine/FunctionTable.h"
+
+#include <QTest>
+
+#include <cmath>
+
+namespace {
+
+Value Half(Arguments arguments)
+{
+    return arguments[0] / 2;
+}
+
+Value Overflow(Arguments)
+{
+    return HUGE_VAL;
+}
+
+Value Refuse(Arguments)
+{
+    return std::nullopt;
+}
+
+// clang-format off
+constexpr FunctionRow library[] = {
+    {QLatin1StringView("HALF"),     1, 2, Half},
+    {QLatin1StringView("OVERFLOW"), 0, 0, Overflow},
+    {QLatin1StringView("REFUSE"),   0, anyCount, Refuse},
+};
+// clang-format on
+
+} // namespace
+
+class FunctionTableTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void Call_data();
+    void Call();
+};
+
+void FunctionTableTest::Call_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QList<double>>("arguments");
+    QTest::addColumn<bool>("handled");
+    QTest::addColumn<bool>("ok");
+    QTest::addColumn<double>("value");
+    using List = QList<double>;
+    // clang-format off
+    QTest::newRow("a call in its domain has its value")    << "HALF"     << List{3}           << true  << true  << 1.5;
+    QTest::newRow("too few arguments fail")                << "HALF"     << List{}            << true  << false << 0.0;
+    QTest::newRow("too many arguments fail")               << "HALF"     << List{1, 2, 3}     << true  << false << 0.0;
+    QTest::newRow("an infinite argument fails")            << "HALF"     << List{HUGE_VAL}    << true  << false << 0.0;
+    QTest::newRow("NaN fails")                             << "HALF"     << List{std::nan("")} << true << false << 0.0;
+    QTest::newRow("an infinite result fails")              << "OVERFLOW" << List{}            << true  << false << 0.0;
+    QTest::newRow("a refusal is the library's last word")  << "REFUSE"   << List{1}           << true  << false << 0.0;
+    QTest::newRow("another name is not the library's")     << "TWICE"    << List{1}           << false << false << 0.0;
+    // clang-format on
+}
+
+void FunctionTableTest::Call()
+{
+    QFETCH(QString, name);
+    QFETCH(QList<double>, arguments);
+    bool ok = false;
+    bool handled = false;
+    const double value = RunLibraryFunction(library, name, arguments, ok, handled);
+    QTEST(handled, "handled");
+    QTEST(ok, "ok");
+    QTEST(value, "value");
+}
+
+QTEST_APPLESS_MAIN(FunctionTableTest)
+#include "FunctionTableTest.moc"
