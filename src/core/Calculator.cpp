@@ -1,0 +1,180 @@
+#include "core/Calculator.h"
+
+#include "core/CommandText.h"
+#include "core/engine/AnswerFormat.h"
+#include "core/engine/Characters.h"
+#include "core/engine/Functions.h"
+#include "core/engine/ProgrammerMath.h"
+#include "core/engine/ReservedNames.h"
+#include "core/engine/Substitution.h"
+#include "core/engine/Variables.h"
+
+#include <QStringList>
+
+#include <utility>
+
+namespace {
+
+// HEX(BIN(...)): how many conversions inside each other are taken apart. Those within are plain functions.
+constexpr int mostNestedConversions = 50;
+
+// Takes a whole-line output conversion apart; the outermost base counts.
+bool UnwrapOutputConversion(const QString& text, QString& inner, int& base)
+{
+    if (!ProgrammerMath::TryExtractOutputConversion(text, inner, base))
+        return false;
+    QString next;
+    int innerBase = 0;
+    for (int i = 0; i < mostNestedConversions; ++i) {
+        if (!ProgrammerMath::TryExtractOutputConversion(inner, next, innerBase))
+            break;
+        inner = next;
+    }
+    return true;
+}
+
+// Whether a call of a known function stands in the text: then its words are no talk, and it stays an error.
+bool CallsKnownFunction(QStringView text)
+{
+    for (qsizetype start = 0; start < text.size();) {
+        qsizetype end = start;
+        while (end < text.size() && IsAsciiWord(text[end]) && (end > start || !IsAsciiDigit(text[end])))
+            ++end;
+        qsizetype bracket = end;
+        while (end > start && bracket < text.size() && IsSpace(text[bracket]))
+            ++bracket;
+        if (end > start && bracket < text.size() && text[bracket] == u'(' &&
+            FindFunction(text.sliced(start, end - start).toLatin1().toUpper().toStdString()))
+            return true;
+        start = std::max(end, start + 1);
+    }
+    return false;
+}
+
+bool KeepsItsWords(const QString& line)
+{
+    QString rest;
+    return line.compare(u"HELP", Qt::CaseInsensitive) == 0 || line.startsWith(u"HELP ", Qt::CaseInsensitive) ||
+           MatchCommand(line, u"CREATE FUNCTION", rest);
+}
+
+} // namespace
+
+Calculator::Calculator(Surroundings outside) : surroundings(std::move(outside)) {}
+
+double Calculator::EvaluateExpression(const QString& text, bool& ok, QString& processedText)
+{
+    const Value value = Evaluate(text, &processedText);
+    ok = value.has_value();
+    return value.value_or(0);
+}
+
+Value Calculator::EvaluateExpression(const QString& text)
+{
+    return Evaluate(text, nullptr);
+}
+
+double Calculator::Eval(const QString& text, bool& ok) const
+{
+    static const Variables none;
+    const Value value = EvaluateText(text, none, surroundings.random);
+    ok = value.has_value();
+    return value.value_or(0);
+}
+
+QString Calculator::ReplaceANS(const QString& text) const
+{
+    return ::ReplaceANS(text, values.lastAnswer);
+}
+
+QString Calculator::ReplaceVariables(const QString& text) const
+{
+    return ::ReplaceVariables(text, values.variables);
+}
+
+Value Calculator::Evaluate(const QString& text, QString* processedText)
+{
+    oneTimeOutputBase = 0;
+    QString inner;
+    int base = 0;
+    if (!UnwrapOutputConversion(text, inner, base))
+        return EvaluateTries(text, processedText);
+    if (processedText)
+        *processedText = text;
+    const Value value = EvaluateTries(inner, nullptr);
+    QString digits;
+    if (!value || !ProgrammerMath::FormatInteger(*value, base, digits))
+        return std::nullopt;
+    oneTimeOutputBase = base;
+    return value;
+}
+
+Value Calculator::EvaluateTries(const QString& text, QString* processedText) const
+{
+    const QString expanded = ReplaceANS(text);
+    const Value value = EvaluateText(expanded, values.variables, surroundings.random);
+    if (value && !processedText)
+        return value;
+    QString processed = ReplaceVariables(expanded);
+    const Value outcome = value ? value : EvaluateForgiving(processed);
+    if (processedText)
+        *processedText = processed;
+    return outcome;
+}
+
+// The tries behind the first. `text` becomes what the last of them read.
+Value Calculator::EvaluateForgiving(QString& text) const
+{
+    const CalculatorOptions options = Options();
+    if (!options.ignoreText || CallsKnownFunction(text) || ProgrammerMath::ContainsInvalidBaseLiteral(text))
+        return std::nullopt;
+    text = RemoveNonMathText(text);
+    bool ok = false;
+    const double value = Eval(text, ok);
+    return ok ? Value(value) : std::nullopt;
+}
+
+QString Calculator::NormalizeSubmittedMath(const QString& text) const
+{
+    const QString line = text.trimmed();
+    if (KeepsItsWords(line))
+        return line;
+    return line;
+}
+
+QString Calculator::FormatAnswer(double value)
+{
+    const int asked = std::exchange(oneTimeOutputBase, 0);
+    return ::FormatAnswer(value, {values.formatPattern, asked != 0 ? asked : Options().outputBase});
+}
+
+bool Calculator::IsReservedVariableName(const QString& name) const
+{
+    return IsReservedBuiltInName(name);
+}
+
+bool Calculator::EvaluateVariableAssignment(const QString& text, QString& name, QString& expression, bool& reserved,
+                                            bool& ok, double& value)
+{
+    reserved = ok = false;
+    value = 0;
+    if (!ParseVariableAssignment(text, name, expression))
+        return false;
+    reserved = IsReservedVariableName(name);
+    if (reserved || expression.isEmpty())
+        return true;
+    const Value found = EvaluateExpression(expression);
+    ok = found.has_value();
+    value = found.value_or(0);
+    return true;
+}
+
+QString Calculator::GetVariablesList()
+{
+    if (values.variables.isEmpty())
+        return QStringLiteral("-No Variables-");
+    QStringList lines;
+    for (auto variable = values.variables.cbegin(); variable != values.variables.cend(); ++variable)
+        lines.append(variable.key() + QStringLiteral(" = ") + FormatAnswer(variable.value()));
+    return lines.join(u'\n');
+}

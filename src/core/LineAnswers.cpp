@@ -1,0 +1,118 @@
+#include "core/LineAnswers.h"
+
+#include "core/CommandText.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::optional<QString> PreviewFunctionDefinition(Calculator&, const QString& line)
+{
+    QString rest;
+    if (!MatchCommand(line, u"CREATE FUNCTION", rest))
+        return std::nullopt;
+    return rest.isEmpty() ? u"CREATE FUNCTION name(parameter, ...) = expression"_s : u"Custom function definition"_s;
+}
+
+std::optional<QString> PreviewAssignment(Calculator& calculator, const QString& line)
+{
+    QString name;
+    QString expression;
+    bool reserved = false;
+    bool ok = false;
+    double value = 0;
+    if (!calculator.EvaluateVariableAssignment(line, name, expression, reserved, ok, value))
+        return std::nullopt;
+    if (reserved)
+        return u"Invalid variable name: "_s + name;
+    if (expression.isEmpty())
+        return QString(name + u" ="_s);
+    return QString(name + u" = "_s + (ok ? calculator.FormatAnswer(value) : u"Cannot Solve"_s));
+}
+
+std::optional<QString> PreviewExpression(Calculator& calculator, const QString& line)
+{
+    bool ok = false;
+    QString processed;
+    const double value = calculator.EvaluateExpression(line, ok, processed);
+    return ok ? processed + u" = "_s + calculator.FormatAnswer(value) : u"Cannot Solve"_s;
+}
+
+// Who previews a line. The first that knows the line has the word; the last knows every line.
+constexpr std::optional<QString> (*previews[])(Calculator&, const QString&) = {
+    PreviewFunctionDefinition,
+    PreviewAssignment,
+    PreviewExpression,
+};
+
+} // namespace
+
+Submission SubmitExpression(Calculator& calculator, const QString& line)
+{
+    const Value value = calculator.EvaluateExpression(line);
+    if (!value)
+        return CannotSolve(u"Cannot Solve"_s);
+    calculator.values.lastAnswer = *value;
+    calculator.values.ansDateTimeText.clear();
+    calculator.values.ansIsDateTime = false;
+    const QString answer = calculator.FormatAnswer(*value);
+    return LineWithStatus(answer, true, u"Value = "_s + answer);
+}
+
+std::optional<Submission> SubmitAssignment(Calculator& calculator, const QString& line)
+{
+    QString name;
+    QString expression;
+    bool reserved = false;
+    bool ok = false;
+    double value = 0;
+    if (!calculator.EvaluateVariableAssignment(line, name, expression, reserved, ok, value))
+        return std::nullopt;
+    if (reserved) {
+        const QString refusal = u"Cannot use "_s + name + u" as a variable name"_s;
+        return LineWithStatus(refusal, false, refusal);
+    }
+    if (expression.isEmpty())
+        return StatusOnly(u"Variable has no value"_s);
+    if (!ok)
+        return StatusOnly(u"Cannot Solve Variable"_s);
+    const QString key = name.toUpper();
+    calculator.values.variables.insert(key, value);
+    const QString assigned = key + u" = "_s + calculator.FormatAnswer(value);
+    return LineWithStatus(assigned, true, assigned);
+}
+
+Submission ListVariables(Calculator& calculator)
+{
+    return LineWithStatus(calculator.GetVariablesList(), false, u"Variables listed"_s);
+}
+
+Submission ClearVariables(Calculator& calculator)
+{
+    calculator.values.variables.clear();
+    return StatusOnly(u"Variables cleared"_s);
+}
+
+Submission SubmitFormat(Calculator& calculator, const QString& rest)
+{
+    QString& pattern = calculator.values.formatPattern;
+    if (rest.isEmpty())
+        return StatusOnly(u"Format = "_s + pattern);
+    if (!rest.startsWith(u'='))
+        return StatusOnly(u"Use FORMAT = <format>"_s);
+    pattern = rest.sliced(1).trimmed();
+    return StatusOnly(u"Format set to '"_s + pattern + u'\'');
+}
+
+QString PreviewText(Calculator& calculator, const QString& line)
+{
+    const QString trimmed = line.trimmed();
+    if (trimmed.isEmpty())
+        return QString();
+    const QString normalized = calculator.NormalizeSubmittedMath(trimmed);
+    for (const auto preview : previews) {
+        if (const std::optional<QString> text = preview(calculator, normalized))
+            return *text;
+    }
+    return QString();
+}

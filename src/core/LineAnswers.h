@@ -1,0 +1,29 @@
+// What a line answers that the calculator alone can answer: the handlers of the core, and the live preview of a line.
+#pragma once
+
+#include "core/Calculator.h"
+#include "core/Submission.h"
+
+#include <optional>
+
+/// The answer to an expression; `ANS` takes its value. A line without a value says so and changes nothing.
+Submission SubmitExpression(Calculator& calculator, const QString& line);
+
+/// Stores a variable and says so; nothing where the line has not the form of an assignment.
+std::optional<Submission> SubmitAssignment(Calculator& calculator, const QString& line);
+
+/// The list of all variables.
+Submission ListVariables(Calculator& calculator);
+
+/// Forgets all variables.
+Submission ClearVariables(Calculator& calculator);
+
+/// FORMAT, FORMAT = pattern.
+///
+/// @param rest  what stands behind the command, trimmed
+Submission SubmitFormat(Calculator& calculator, const QString& rest);
+
+/// What the status label says of a line while it is being typed. Nothing in the workspace changes.
+///
+/// @param line  as it stands in the pad
+QString PreviewText(Calculator& calculator, const QString& line);

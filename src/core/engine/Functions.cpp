@@ -1,0 +1,43 @@
+#include "core/engine/Functions.h"
+
+#include "core/engine/MathFunctions.h"
+#include "core/engine/ProgrammerMath.h"
+
+#include <unordered_map>
+
+namespace {
+
+using FunctionIndex = std::unordered_map<std::string_view, const FunctionRow*>;
+
+FunctionIndex BuildIndex()
+{
+    // Who is asked first. The first library that has a name owns it, whatever it makes of the call.
+    const FunctionLibrary libraries[] = {
+        ProgrammerMath::Functions(),
+        MathFunctions(),
+    };
+    FunctionIndex index;
+    for (const FunctionLibrary library : libraries) {
+        for (const FunctionRow& row : library)
+            index.try_emplace(std::string_view(row.name.data(), static_cast<size_t>(row.name.size())), &row);
+    }
+    return index;
+}
+
+} // namespace
+
+const FunctionRow* FindFunction(std::string_view upperName)
+{
+    static const FunctionIndex index = BuildIndex();
+    const auto row = index.find(upperName);
+    return row == index.end() ? nullptr : row->second;
+}
+
+double RunFunction(const QString& name, const QList<double>& arguments, bool& ok)
+{
+    const QByteArray latinName = name.toUtf8();
+    const FunctionRow* row = FindFunction({latinName.constData(), static_cast<size_t>(latinName.size())});
+    const Value value = row ? CallFunction(*row, arguments, GlobalRandomBits) : std::nullopt;
+    ok = value.has_value();
+    return value.value_or(0);
+}
