@@ -183,6 +183,8 @@ private:
                 afterForeign = false;
             }
         }
+        if (!afterForeign && !AtEnd() && Current() == u'_')
+            return {}; // the whole identifier goes on, and no value has it
         const QStringView name = text.sliced(start, position - start);
         return ascii ? UpperAscii(name, buffer) : UpperForeign(name, buffer);
     }
