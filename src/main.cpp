@@ -1,0 +1,11 @@
+#include "window/MainWindow.h"
+
+#include <QApplication>
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    MainWindow window;
+    window.show();
+    return QApplication::exec();
+}
