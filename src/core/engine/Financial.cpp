@@ -307,7 +307,8 @@ Value ScanForRate(const RateResidual& residual)
     return std::nullopt;
 }
 
-// A search asks this some 20000 times, so the powers are one running product and not a call of pow for each flow.
+// NetPresentValue for a search, which asks some 20000 times: the powers are one running product and not a call of pow
+// for each flow, and a long list ends where the flows that are left no longer count.
 Value DiscountedSum(double rate, Arguments cashFlows)
 {
     if (!(rate > -1))
@@ -317,6 +318,8 @@ Value DiscountedSum(double rate, Arguments cashFlows)
     for (const double cashFlow : cashFlows) {
         sum += cashFlow / growth;
         growth *= 1 + rate;
+        if (std::isinf(growth) || !std::isfinite(sum))
+            break;
     }
     return sum;
 }

@@ -212,8 +212,8 @@ Value RandomFraction(Arguments, const RandomSource& random)
     return UniformFraction(random);
 }
 
-// Extended precision holds the size of the widest span, 2^54 + 1, which a double does not; the product may still round
-// up to the whole span, hence the limit.
+// Extended precision holds the size of the widest span, 2^54 + 1, which a double does not. The limit keeps the result in
+// the range whatever the product's rounding does.
 Value RandomWhole(Arguments arguments, const RandomSource& random)
 {
     if (!IsNearlyWhole(arguments[0]) || !IsNearlyWhole(arguments[1]))
