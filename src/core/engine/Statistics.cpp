@@ -159,7 +159,7 @@ Value Percentile(Arguments arguments)
 Value Quartile(Arguments arguments)
 {
     const double quartile = arguments[0];
-    if (!IsNearlyWhole(quartile) || quartile < 0 || quartile > 4)
+    if (!IsNearlyWhole(quartile)) // the range of percentiles refuses what lies outside 0 to 4
         return std::nullopt;
     return CalculateInclusivePercentile(arguments.subspan(1), quartile * 25.0);
 }
@@ -212,8 +212,8 @@ Value RandomFraction(Arguments, const RandomSource& random)
     return UniformFraction(random);
 }
 
-// Extended precision holds the size of the widest span, 2^54 + 1, which a double does not. The limit keeps the result in
-// the range whatever the product's rounding does.
+// Extended precision holds the size of the widest span, 2^54 + 1, which a double does not. The limit keeps the result
+// in the range whatever the product's rounding does.
 Value RandomWhole(Arguments arguments, const RandomSource& random)
 {
     if (!IsNearlyWhole(arguments[0]) || !IsNearlyWhole(arguments[1]))

@@ -35,7 +35,7 @@ void GDTTest::Calls_data()
     QTest::newRow("a negative size")                          << "VCEXTERNAL -1 2; RCINTERNAL -1 2; BOUNDARYEXTERNAL -1 2; VCINTERNAL -1 -2; RCEXTERNAL -1 -2; BOUNDARYINTERNAL -1 -2; FIXEDFASTENER -1 -2" << fails;
     QTest::newRow("a negative tolerance")                     << "VCEXTERNAL 1 -2; RCINTERNAL 1 -2; BOUNDARYEXTERNAL 1 -2; VCINTERNAL 1 -2; TOTALTOL -1 2; TOTALTOL 2 -1; POSITIONALLOW -1 10 10" << fails;
     QTest::newRow("a negative position")                      << "POSITIONMARGIN 1 -1; POSITIONMARGIN -1 1; POSITIONUTIL -1 1" << fails;
-    QTest::newRow("a share of no allowance")                  << "POSITIONUTIL 1 0"                                   << fails;
+    QTest::newRow("a share of no allowance")                  << "POSITIONUTIL 1 0; POSITIONUTIL 0 0; POSITIONUTIL 1 -1"                              << fails;
     QTest::newRow("beyond the doubles")                       << "POSITION 1e308 0; TOTALTOL 1e308 1e308"             << fails;
     QTest::newRow("too few arguments")                        << "POSITION 1; TRUEPOSITION; RADIALDEV 1; POSITION3D 1 2; POSITIONALLOW 1 2; COORDDEV 1" << fails;
     QTest::newRow("too many arguments")                       << "POSITION 1 2 3; POSITION3D 1 2 3 4; TOTALTOL 1 2 3; POSITIONUTIL 1 2 3" << fails;
