@@ -308,18 +308,20 @@ Value ScanForRate(const RateResidual& residual)
 }
 
 // NetPresentValue for a search, which asks some 20000 times: the powers are one running product and not a call of pow
-// for each flow, and a long list ends where the flows that are left no longer count.
+// for each flow, and a long list ends where the flows that are left no longer count. Extended precision keeps the
+// product as exact as pow: where flows have several roots, the last bit can decide which one is found.
 Value DiscountedSum(double rate, Arguments cashFlows)
 {
     if (!(rate > -1))
         return std::nullopt;
     double sum = 0;
-    double growth = 1;
+    long double product = 1;
     for (const double cashFlow : cashFlows) {
+        const auto growth = static_cast<double>(product);
         sum += cashFlow / growth;
-        growth *= 1 + rate;
         if (std::isinf(growth) || !std::isfinite(sum))
             break;
+        product *= 1 + rate;
     }
     return sum;
 }
