@@ -1,7 +1,10 @@
 #include "core/engine/Functions.h"
 
+#include "core/engine/Financial.h"
+#include "core/engine/GDT.h"
 #include "core/engine/MathFunctions.h"
 #include "core/engine/ProgrammerMath.h"
+#include "core/engine/Statistics.h"
 
 #include <unordered_map>
 
@@ -13,8 +16,7 @@ FunctionIndex BuildIndex()
 {
     // Who is asked first. The first library that has a name owns it, whatever it makes of the call.
     const FunctionLibrary libraries[] = {
-        ProgrammerMath::Functions(),
-        MathFunctions(),
+        FinancialFunctions(), StatisticsFunctions(), GDTFunctions(), ProgrammerMath::Functions(), MathFunctions(),
     };
     FunctionIndex index;
     for (const FunctionLibrary library : libraries) {
