@@ -164,9 +164,11 @@ void MainWindow::on_Text1_textChanged()
         UpdatePreviewAt(position);
 }
 
+// A cursor that an edit has moved is left to the text change that follows: it knows whether an operator jumps or Enter
+// was pressed.
 void MainWindow::on_Text1_cursorPositionChanged()
 {
-    if (ClearLabelOfEmptyPad())
+    if (rooms->pad.IsChanging() || ClearLabelOfEmptyPad())
         return;
     const int position = rooms->pad.CursorPosition();
     if (!rooms->submission.HandleEquationBlockState(position))

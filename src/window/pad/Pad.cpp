@@ -35,7 +35,11 @@ bool IsEscaped(QStringView line, qsizetype position)
 
 } // namespace
 
-Pad::Pad(QPlainTextEdit* padEditor) : editor(padEditor), text(padEditor->document()) {}
+Pad::Pad(QPlainTextEdit* padEditor) : editor(padEditor), text(padEditor->document())
+{
+    connect(editor->document(), &QTextDocument::contentsChange, this, [this] { changing = true; });
+    connect(editor->document(), &QTextDocument::contentsChanged, this, [this] { changing = false; });
+}
 
 void Pad::Insert(const QList<PadRun>& runs)
 {

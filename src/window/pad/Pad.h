@@ -7,15 +7,20 @@
 #include "core/Submission.h"
 #include "window/pad/PadText.h"
 
+#include <QObject>
 #include <QPlainTextEdit>
 
-class Pad {
+class Pad : public QObject {
 public:
     /// Serves `padEditor`, which must outlive the pad.
     explicit Pad(QPlainTextEdit* padEditor);
 
     QPlainTextEdit* Editor() const { return editor; }
     const PadText& Text() const { return text; }
+    /// Whether a change of the text is under way: its textChanged is still to come, and a cursor that moves now has been
+    /// moved by it.
+    bool IsChanging() const { return changing; }
+
     int CursorPosition() const { return editor->textCursor().position(); }
 
     /// Inserts the runs at the cursor, which ends behind them.
@@ -42,6 +47,7 @@ public:
 private:
     QPlainTextEdit* editor;
     PadText text;
+    bool changing = false;
 };
 
 /// How many closing brackets a line lacks; none where one of them closes nothing. Brackets between two " or two ' do
