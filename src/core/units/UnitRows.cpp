@@ -37,7 +37,7 @@ constexpr UnitRow length[] = { // base: metre
     {u"M",       1,                 u"METER, METERS, METRE, METRES"},
     {u"DAM",     10,                u"DECAMETER, DECAMETERS, DECAMETRE, DECAMETRES, DEKAMETER, DEKAMETERS"},
     {u"HM",      100,               u"HECTOMETER, HECTOMETERS, HECTOMETRE, HECTOMETRES"},
-    {u"KM",      1000,              u"KMS, KILOMETER, KILOMETERS, KILOMETRE, KILOMETRES"},
+    {u"KM",      1000,              u"KILOMETER, KILOMETERS, KILOMETRE, KILOMETRES"},
     {u"MIL",     0.0000254,         u"MILS, THOU"},                                    // SP 811: 0.001 in
     {u"IN",      0.0254,            u"INCH, INCHES"},                                  // HB 44
     {u"FT",      0.3048,            u"FOOT, FEET"},                                    // HB 44
@@ -67,7 +67,7 @@ constexpr UnitRow area[] = { // base: square metre
 
 constexpr UnitRow volume[] = { // base: litre
     {u"MM3",     1e-6,              u"MM^3, MM³, CUBIC MILLIMETER, CUBIC MILLIMETERS, CUBIC MILLIMETRE, CUBIC MILLIMETRES"},
-    {u"CM3",     0.001,             u"CM^3, CM³, CC, CCS, CUBIC CENTIMETER, CUBIC CENTIMETERS, CUBIC CENTIMETRE, CUBIC CENTIMETRES"},
+    {u"CM3",     0.001,             u"CM^3, CM³, CC, CUBIC CENTIMETER, CUBIC CENTIMETERS, CUBIC CENTIMETRE, CUBIC CENTIMETRES"},
     {u"M3",      1000,              u"M^3, M³, CU M, CUBIC METER, CUBIC METERS, CUBIC METRE, CUBIC METRES"},
     {u"IN3",     0.016387064,       u"IN^3, IN³, CU IN, CUBIC INCH, CUBIC INCHES"},    // HB 44
     {u"FT3",     cubicFoot,         u"FT^3, FT³, CU FT, CUBIC FOOT, CUBIC FEET"},
@@ -95,15 +95,15 @@ constexpr UnitRow mass[] = { // base: kilogram
     {u"UG",      1e-9,              u"µG, MCG, MICROGRAM, MICROGRAMS"},
     {u"MG",      1e-6,              u"MILLIGRAM, MILLIGRAMS"},
     {u"G",       0.001,             u"GRAM, GRAMS, GRAMME, GRAMMES"},
-    {u"KG",      1,                 u"KGS, KILO, KILOS, KILOGRAM, KILOGRAMS, KILOGRAMME, KILOGRAMMES"},
+    {u"KG",      1,                 u"KILO, KILOGRAM, KILOGRAMS, KILOGRAMME, KILOGRAMMES"},
     {u"TONNE",   1000,              u"TONNES, T, METRIC TON, METRIC TONS, METRIC TONNE, METRIC TONNES"}, // SI
     {u"GR",      0.00006479891,     u"GRAIN, GRAINS"},                                 // HB 44: 1/7000 lb
-    {u"DRAM",    0.0017718451953125, u"DRAMS, DR"},                                    // HB 44: 1/256 lb
+    {u"DRAM",    0.0017718451953125, u"DRAMS"},                                    // HB 44: 1/256 lb
     {u"OZ",      0.028349523125,    u"OUNCE, OUNCES"},                                 // HB 44: 1/16 lb
     {u"LB",      0.45359237,        u"LBS, POUND, POUNDS"},                            // HB 44
     {u"STONE",   6.35029318,        u"STONES, ST"},                                    // WMA: 14 lb
     {u"USTON",   907.18474,         u"US TON, US TONS, SHORT TON, SHORT TONS"},        // HB 44: 2000 lb
-    {u"LONGTON", 1016.0469088,      u"LONG TON, LONG TONS, IMPERIAL TON, IMPERIAL TONS, UK TON, UK TONS"}, // HB 44: 2240 lb
+    {u"LONGTON", 1016.0469088,      u"LONG TON, LONG TONS, UK TON, UK TONS"}, // HB 44: 2240 lb
 };
 
 constexpr UnitRow temperature[] = { // base: kelvin
@@ -138,7 +138,7 @@ constexpr UnitRow speed[] = { // base: metre per second
 constexpr UnitRow acceleration[] = { // base: metre per second squared
     {u"MPS2",    1,                 u"M/S2, M/S^2, M/S², METER PER SECOND SQUARED, METERS PER SECOND SQUARED, METRE PER SECOND SQUARED, METRES PER SECOND SQUARED"},
     {u"FPS2",    0.3048,            u"FT/S2, FT/S^2, FT/S², FOOT PER SECOND SQUARED, FEET PER SECOND SQUARED"}, // SP 811
-    {u"GFORCE",  standardGravity,   u"G FORCE, G-FORCE, STANDARD GRAVITY, GEE, GEES"},
+    {u"GFORCE",  standardGravity,   u"G FORCE, G-FORCE, STANDARD GRAVITY"},
 };
 
 constexpr UnitRow force[] = { // base: newton
@@ -146,8 +146,8 @@ constexpr UnitRow force[] = { // base: newton
     {u"KN",      1000,              u"KILONEWTON, KILONEWTONS"},
     {u"MN",      1e6,               u"MEGANEWTON, MEGANEWTONS"},
     {u"DYNE",    1e-5,              u"DYNES, DYN"},                                    // SP 811
-    {u"LBF",     poundForce,        u"POUND FORCE, POUNDS FORCE, POUND-FORCE, POUNDS-FORCE"},
-    {u"KGF",     standardGravity,   u"KILOGRAM FORCE, KILOGRAMS FORCE, KILOGRAM-FORCE, KILOGRAMS-FORCE"}, // SP 811
+    {u"LBF",     poundForce,        u"POUND FORCE, POUNDS FORCE, POUND-FORCE"},
+    {u"KGF",     standardGravity,   u"KILOGRAM FORCE, KILOGRAMS FORCE, KILOGRAM-FORCE"}, // SP 811
 };
 
 constexpr UnitRow pressure[] = { // base: pascal
@@ -156,8 +156,8 @@ constexpr UnitRow pressure[] = { // base: pascal
     {u"KPA",     1000,              u"KILOPASCAL, KILOPASCALS"},
     {u"MPA",     1e6,               u"MEGAPASCAL, MEGAPASCALS"},
     {u"BAR",     1e5,               u"BARS"},                                          // SP 811
-    {u"MBAR",    100,               u"MBARS, MILLIBAR, MILLIBARS"},
-    {u"ATM",     101325,            u"ATMOSPHERE, ATMOSPHERES, STANDARD ATMOSPHERE, STANDARD ATMOSPHERES"}, // SP 811
+    {u"MBAR",    100,               u"MILLIBAR, MILLIBARS"},
+    {u"ATM",     101325,            u"ATMOSPHERE, ATMOSPHERES, STANDARD ATMOSPHERE"}, // SP 811
     {u"PSI",     6894.757293168,    u"POUNDS PER SQUARE INCH, POUND PER SQUARE INCH, LB/IN2"}, // SP 811: lbf/in2, to 13 digits
     {u"TORR",    101325.0 / 760,    u"TORRS"},                                         // SP 811
     {u"MMHG",    133.322387415,     u"MM HG, MILLIMETER OF MERCURY, MILLIMETERS OF MERCURY, MILLIMETRE OF MERCURY, MILLIMETRES OF MERCURY"}, // SP 811: 13595.1 kg/m3 at standard gravity
@@ -171,11 +171,11 @@ constexpr UnitRow energy[] = { // base: joule
     {u"GJ",      1e9,               u"GIGAJOULE, GIGAJOULES"},
     {u"CAL",     4.184,             u"CALORIE, CALORIES"},                             // SP 811: thermochemical
     {u"KCAL",    4184,              u"KILOCALORIE, KILOCALORIES, FOOD CALORIE, FOOD CALORIES"},
-    {u"WH",      3600,              u"WATT HOUR, WATT HOURS, WATTHOUR, WATTHOURS, WATT-HOUR, WATT-HOURS"},
-    {u"KWH",     3.6e6,             u"KILOWATT HOUR, KILOWATT HOURS, KILOWATTHOUR, KILOWATTHOURS, KILOWATT-HOUR, KILOWATT-HOURS"},
-    {u"MWH",     3.6e9,             u"MEGAWATT HOUR, MEGAWATT HOURS, MEGAWATTHOUR, MEGAWATTHOURS, MEGAWATT-HOUR, MEGAWATT-HOURS"},
+    {u"WH",      3600,              u"WATT HOUR, WATT HOURS, WATT-HOUR"},
+    {u"KWH",     3.6e6,             u"KILOWATT HOUR, KILOWATT HOURS, KILOWATT-HOUR"},
+    {u"MWH",     3.6e9,             u"MEGAWATT HOUR, MEGAWATT HOURS, MEGAWATT-HOUR"},
     {u"BTU",     1055.05585262,     u"BTUS, BRITISH THERMAL UNIT, BRITISH THERMAL UNITS"}, // SP 811: International Table
-    {u"FTLB",    1.3558179483314004, u"FT LB, FT-LB, FOOT POUND, FOOT POUNDS, FOOT-POUND, FOOT-POUNDS, FT LBF, FT-LBF"}, // SP 811: 0.3048 m lbf
+    {u"FTLB",    1.3558179483314004, u"FT LB, FT-LB, FOOT POUND, FOOT POUNDS, FOOT-POUND, FOOT-POUNDS, FT LBF"}, // SP 811: 0.3048 m lbf
     {u"ERG",     1e-7,              u"ERGS"},                                          // SP 811
     {u"EV",      1.602176634e-19,   u"ELECTRONVOLT, ELECTRONVOLTS, ELECTRON VOLT, ELECTRON VOLTS"}, // SI
 };
@@ -190,19 +190,19 @@ constexpr UnitRow power[] = { // base: watt
 };
 
 constexpr UnitRow torque[] = { // base: newton metre
-    {u"NMTR",    1,                 u"N·M, N-M, NEWTON METER, NEWTON METERS, NEWTON METRE, NEWTON METRES, NEWTON-METER, NEWTON-METERS, NEWTON-METRE, NEWTON-METRES"},
-    {u"KNM",     1000,              u"KN·M, KN-M, KILONEWTON METER, KILONEWTON METERS, KILONEWTON METRE, KILONEWTON METRES"},
-    {u"FTLBT",   1.3558179483314004, u"LB-FT, LBF-FT, POUND FOOT, POUND FEET, POUND-FOOT, POUND-FEET, FOOT POUND TORQUE, FOOT POUNDS TORQUE"}, // SP 811: 0.3048 m lbf
-    {u"INLBT",   0.1129848290276167, u"LB-IN, LBF-IN, POUND INCH, POUND INCHES, POUND-INCH, POUND-INCHES, INCH POUND, INCH POUNDS, INCH POUND TORQUE, INCH POUNDS TORQUE"}, // SP 811: 0.0254 m lbf
+    {u"NMTR",    1,                 u"N·M, NEWTON METER, NEWTON METERS, NEWTON METRE, NEWTON METRES, NEWTON-METER"},
+    {u"KNM",     1000,              u"KN·M, KILONEWTON METER, KILONEWTON METERS, KILONEWTON METRE, KILONEWTON METRES"},
+    {u"FTLBT",   1.3558179483314004, u"LB-FT, POUND FOOT, POUND FEET"}, // SP 811: 0.3048 m lbf
+    {u"INLBT",   0.1129848290276167, u"LB-IN, POUND INCH, POUND INCHES, INCH POUND, INCH POUNDS"}, // SP 811: 0.0254 m lbf
 };
 
 constexpr UnitRow angle[] = { // base: radian
     {u"RAD",     1,                 u"RADIAN, RADIANS"},
-    {u"DEG",     pi / 180,          u"DEGREE, DEGREES, °, DEGS"},                      // SI
-    {u"GRAD",    pi / 200,          u"GRADIAN, GRADIANS, GON, GONS, GRADS"},           // SP 811
+    {u"DEG",     pi / 180,          u"DEGREE, DEGREES, °"},                      // SI
+    {u"GRAD",    pi / 200,          u"GRADIAN, GRADIANS, GON"},           // SP 811
     {u"TURN",    2 * pi,            u"TURNS, REV, REVS, REVOLUTION, REVOLUTIONS"},
-    {u"ARCMIN",  pi / 10800,        u"ARCMINS, ARCMINUTE, ARCMINUTES, ARC MINUTE, ARC MINUTES, MINUTE OF ARC, MINUTES OF ARC"}, // SI
-    {u"ARCSEC",  pi / 648000,       u"ARCSECS, ARCSECOND, ARCSECONDS, ARC SECOND, ARC SECONDS, SECOND OF ARC, SECONDS OF ARC"}, // SI
+    {u"ARCMIN",  pi / 10800,        u"ARCMINUTE, ARCMINUTES, ARC MINUTE, ARC MINUTES"}, // SI
+    {u"ARCSEC",  pi / 648000,       u"ARCSECOND, ARCSECONDS, ARC SECOND, ARC SECONDS"}, // SI
 };
 
 constexpr UnitRow frequency[] = { // base: hertz
@@ -224,18 +224,18 @@ constexpr double pebi = tebi * 1024;
 constexpr UnitRow data[] = { // base: bit
     {u"BIT",     1,                 u"BITS"},
     {u"BYTE",    8,                 u"BYTES"},
-    {u"KBIT",    kibi,              u"KBITS, KILOBIT, KILOBITS"},
-    {u"MBIT",    mebi,              u"MBITS, MEGABIT, MEGABITS"},
-    {u"GBIT",    gibi,              u"GBITS, GIGABIT, GIGABITS"},
-    {u"TBIT",    tebi,              u"TBITS, TERABIT, TERABITS"},
-    {u"KB",      8 * kibi,          u"KILOBYTE, KILOBYTES, KBYTE, KBYTES"},
-    {u"MB",      8 * mebi,          u"MEGABYTE, MEGABYTES, MBYTE, MBYTES"},
-    {u"GB",      8 * gibi,          u"GIGABYTE, GIGABYTES, GBYTE, GBYTES"},
-    {u"TB",      8 * tebi,          u"TERABYTE, TERABYTES, TBYTE, TBYTES"},
-    {u"PB",      8 * pebi,          u"PETABYTE, PETABYTES, PBYTE, PBYTES"},
-    {u"KIBIT",   kibi,              u"KIBITS, KIBIBIT, KIBIBITS"},
-    {u"MIBIT",   mebi,              u"MIBITS, MEBIBIT, MEBIBITS"},
-    {u"GIBIT",   gibi,              u"GIBITS, GIBIBIT, GIBIBITS"},
+    {u"KBIT",    kibi,              u"KILOBIT, KILOBITS"},
+    {u"MBIT",    mebi,              u"MEGABIT, MEGABITS"},
+    {u"GBIT",    gibi,              u"GIGABIT, GIGABITS"},
+    {u"TBIT",    tebi,              u"TERABIT, TERABITS"},
+    {u"KB",      8 * kibi,          u"KILOBYTE, KILOBYTES"},
+    {u"MB",      8 * mebi,          u"MEGABYTE, MEGABYTES"},
+    {u"GB",      8 * gibi,          u"GIGABYTE, GIGABYTES"},
+    {u"TB",      8 * tebi,          u"TERABYTE, TERABYTES"},
+    {u"PB",      8 * pebi,          u"PETABYTE, PETABYTES"},
+    {u"KIBIT",   kibi,              u"KIBIBIT, KIBIBITS"},
+    {u"MIBIT",   mebi,              u"MEBIBIT, MEBIBITS"},
+    {u"GIBIT",   gibi,              u"GIBIBIT, GIBIBITS"},
     {u"KIB",     8 * kibi,          u"KIBIBYTE, KIBIBYTES"},
     {u"MIB",     8 * mebi,          u"MEBIBYTE, MEBIBYTES"},
     {u"GIB",     8 * gibi,          u"GIBIBYTE, GIBIBYTES"},
@@ -274,13 +274,13 @@ constexpr UnitRow flow[] = { // base: litre per second
     {u"CFM",     cubicFoot / 60,    u"FT3/MIN, CUBIC FOOT PER MINUTE, CUBIC FEET PER MINUTE"}, // SP 811
     {u"CFS",     cubicFoot,         u"FT3/S, CUBIC FOOT PER SECOND, CUBIC FEET PER SECOND"},   // SP 811
     {u"M3S",     1000,              u"M3/S, CUBIC METER PER SECOND, CUBIC METERS PER SECOND, CUBIC METRE PER SECOND, CUBIC METRES PER SECOND"},
-    {u"M3H",     1000.0 / 3600,     u"M3/H, CUBIC METER PER HOUR, CUBIC METERS PER HOUR, CUBIC METRE PER HOUR, CUBIC METRES PER HOUR, CUBIC METERS/HOUR"},
+    {u"M3H",     1000.0 / 3600,     u"M3/H, CUBIC METER PER HOUR, CUBIC METERS PER HOUR, CUBIC METRE PER HOUR, CUBIC METRES PER HOUR"},
 };
 
 constexpr UnitRow fuelEconomy[] = { // base: kilometre per litre
     {u"KML",     1,                 u"KM/L, KMPL, KILOMETER PER LITER, KILOMETERS PER LITER, KILOMETRE PER LITRE, KILOMETRES PER LITRE"},
-    {u"MPG",     1.609344 / gallon,         u"US MPG, MILES PER GALLON, US MILES PER GALLON, MILE PER GALLON, MILES PER US GALLON"}, // SP 811
-    {u"IMPG",    1.609344 / imperialGallon, u"IMP MPG, IMPERIAL MPG, UK MPG, IMPERIAL MILES PER GALLON, MILES PER IMPERIAL GALLON, UK MILES PER GALLON"},
+    {u"MPG",     1.609344 / gallon,         u"US MPG, MILES PER GALLON, US MILES PER GALLON"}, // SP 811
+    {u"IMPG",    1.609344 / imperialGallon, u"IMP MPG, IMPERIAL MPG, UK MPG, IMPERIAL MILES PER GALLON, MILES PER IMPERIAL GALLON"},
     {u"L100KM",  100,               u"L/100KM, L PER 100KM, LITERS PER 100 KM, LITRES PER 100 KM", 0, UnitTransformKind::Reciprocal},
 };
 
@@ -293,21 +293,21 @@ constexpr UnitRow current[] = { // base: ampere
 
 constexpr UnitRow voltage[] = { // base: volt
     {u"UV",      1e-6,              u"µV, MICROVOLT, MICROVOLTS"},
-    {u"MVOLT",   0.001,             u"MVOLTS, MILLIVOLT, MILLIVOLTS"},
+    {u"MVOLT",   0.001,             u"MILLIVOLT, MILLIVOLTS"},
     {u"V",       1,                 u"VOLT, VOLTS"},
     {u"KV",      1000,              u"KILOVOLT, KILOVOLTS"},
 };
 
 constexpr UnitRow resistance[] = { // base: ohm
-    {u"MOHM",    0.001,             u"MOHMS, MILLIOHM, MILLIOHMS"},
+    {u"MOHM",    0.001,             u"MILLIOHM, MILLIOHMS"},
     {u"OHM",     1,                 u"OHMS, Ω"},
-    {u"KOHM",    1000,              u"KOHMS, KILOHM, KILOHMS, KILOOHM, KILOOHMS, KΩ"},
+    {u"KOHM",    1000,              u"KILOHM, KILOHMS, KΩ"},
     {u"MEGOHM",  1e6,               u"MEGOHMS, MEGAOHM, MEGAOHMS"},
 };
 
 constexpr UnitRow conductance[] = { // base: siemens
-    {u"USIEMENS", 1e-6,             u"µSIEMENS, MICROSIEMENS, MICRO SIEMENS"},
-    {u"MSIEMENS", 0.001,            u"MILLISIEMENS, MILLI SIEMENS"},
+    {u"USIEMENS", 1e-6,             u"µSIEMENS, MICROSIEMENS"},
+    {u"MSIEMENS", 0.001,            u"MILLISIEMENS"},
     {u"SIEMENS", 1,                 u"S, MHO, MHOS"},                                     // SP 811
 };
 
@@ -315,13 +315,13 @@ constexpr UnitRow capacitance[] = { // base: farad
     {u"PF",      1e-12,             u"PICOFARAD, PICOFARADS"},
     {u"NF",      1e-9,              u"NANOFARAD, NANOFARADS"},
     {u"UF",      1e-6,              u"µF, MICROFARAD, MICROFARADS"},
-    {u"MFARAD",  0.001,             u"MFARADS, MILLIFARAD, MILLIFARADS"},
+    {u"MFARAD",  0.001,             u"MILLIFARAD, MILLIFARADS"},
     {u"FARAD",   1,                 u"FARADS, F"},
 };
 
 constexpr UnitRow inductance[] = { // base: henry
-    {u"UH",      1e-6,              u"µH, MICROHENRY, MICROHENRYS, MICROHENRIES"},
-    {u"MHENRY",  0.001,             u"MH, MILLIHENRY, MILLIHENRYS, MILLIHENRIES"},
+    {u"UH",      1e-6,              u"µH, MICROHENRY, MICROHENRYS"},
+    {u"MHENRY",  0.001,             u"MH, MILLIHENRY, MILLIHENRYS"},
     {u"HENRY",   1,                 u"HENRYS, HENRIES, H"},
 };
 
@@ -329,13 +329,13 @@ constexpr UnitRow charge[] = { // base: coulomb
     {u"UC",      1e-6,              u"µC, MICROCOULOMB, MICROCOULOMBS"},
     {u"MC",      0.001,             u"MILLICOULOMB, MILLICOULOMBS"},
     {u"COULOMB", 1,                 u"COULOMBS, C"},
-    {u"MAH",     3.6,               u"MILLIAMP HOUR, MILLIAMP HOURS, MILLIAMPERE HOUR, MILLIAMPERE HOURS, MILLIAMP-HOUR, MILLIAMP-HOURS"},
-    {u"AH",      3600,              u"AMP HOUR, AMP HOURS, AMPERE HOUR, AMPERE HOURS, AMP-HOUR, AMP-HOURS"}, // SP 811
+    {u"MAH",     3.6,               u"MILLIAMP HOUR, MILLIAMP HOURS, MILLIAMPERE HOUR, MILLIAMPERE HOURS"},
+    {u"AH",      3600,              u"AMP HOUR, AMP HOURS, AMPERE HOUR, AMPERE HOURS, AMP-HOUR"}, // SP 811
 };
 
 constexpr UnitRow illuminance[] = { // base: lux
     {u"LUX",     1,                 u"LX"},
-    {u"FOOTCANDLE", 1 / 0.09290304, u"FOOTCANDLES, FOOT CANDLE, FOOT CANDLES, FOOT-CANDLE, FOOT-CANDLES, FC"}, // SP 811: lm/ft2
+    {u"FOOTCANDLE", 1 / 0.09290304, u"FOOTCANDLES, FOOT CANDLE, FOOT CANDLES, FOOT-CANDLE"}, // SP 811: lm/ft2
 };
 
 constexpr UnitRow absorbedDose[] = { // base: gray
@@ -359,9 +359,9 @@ constexpr UnitRow radioactivity[] = { // base: becquerel
 };
 
 constexpr UnitRow dynamicViscosity[] = { // base: pascal second
-    {u"PAS",     1,                 u"PA·S, PASCAL SECOND, PASCAL SECONDS, PASCAL-SECOND, PASCAL-SECONDS"},
+    {u"PAS",     1,                 u"PA·S, PASCAL SECOND, PASCAL SECONDS"},
     {u"POISE",   0.1,               u"POISES, P"},                                     // SP 811
-    {u"CP",      0.001,             u"CENTIPOISE, CENTIPOISES, CPS"},
+    {u"CP",      0.001,             u"CENTIPOISE, CENTIPOISES"},
 };
 
 constexpr UnitRow kinematicViscosity[] = { // base: square metre per second
@@ -371,23 +371,23 @@ constexpr UnitRow kinematicViscosity[] = { // base: square metre per second
 };
 
 constexpr UnitRow resolutionDensity[] = { // base: dots per metre
-    {u"DPI",     1 / 0.0254,        u"DOTS PER INCH, DOT PER INCH"},
-    {u"PPI",     1 / 0.0254,        u"PIXELS PER INCH, PIXEL PER INCH"},
+    {u"DPI",     1 / 0.0254,        u"DOTS PER INCH"},
+    {u"PPI",     1 / 0.0254,        u"PIXELS PER INCH"},
     {u"DPCM",    100,               u"DOTS PER CM, DOTS PER CENTIMETER, DOTS PER CENTIMETRE"},
 };
 
 constexpr UnitRow typography[] = { // base: inch; the point of desktop publishing, 1/72 in
     {u"TYPOPT",  1.0 / 72,          u"POINT, POINTS, TYPOGRAPHIC POINT, TYPOGRAPHIC POINTS, PT, PTS"},
     {u"PICA",    1.0 / 6,           u"PICAS"},                                         // 12 points
-    {u"TYPOIN",  1,                 u"IN, INCH, INCHES, TYPOGRAPHIC INCH, TYPOGRAPHIC INCHES"},
-    {u"TYPOMM",  1 / 25.4,          u"MM, MILLIMETER, MILLIMETERS, MILLIMETRE, MILLIMETRES, TYPOGRAPHIC MILLIMETER, TYPOGRAPHIC MILLIMETERS"},
+    {u"TYPOIN",  1,                 u"IN, INCH, INCHES"},
+    {u"TYPOMM",  1 / 25.4,          u"MM, MILLIMETER, MILLIMETERS, MILLIMETRE, MILLIMETRES"},
 };
 
 constexpr UnitRow concentration[] = { // base: the bare ratio
     {u"PERCENT", 0.01,              u"PERCENTAGE, %, PER CENT, PCT"},
-    {u"PPM",     1e-6,              u"PARTS PER MILLION, PART PER MILLION"},
-    {u"PPB",     1e-9,              u"PARTS PER BILLION, PART PER BILLION"},
-    {u"PPT",     1e-12,             u"PARTS PER TRILLION, PART PER TRILLION"},
+    {u"PPM",     1e-6,              u"PARTS PER MILLION"},
+    {u"PPB",     1e-9,              u"PARTS PER BILLION"},
+    {u"PPT",     1e-12,             u"PARTS PER TRILLION"},
 };
 
 constexpr UnitFamilyRows families[] = {

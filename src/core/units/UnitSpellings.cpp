@@ -9,8 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Longer than any spelling. A name that does not fit is no unit.
-constexpr qsizetype maximumLength = 64;
+// No spelling is longer. A name that does not fit is no unit.
+constexpr qsizetype maximumLength = 32;
 
 QChar Fold(QChar c)
 {
