@@ -174,7 +174,7 @@ void UnitConversionsTest::TextWithoutConversionIsShared()
 
 void UnitConversionsTest::SameAsPatternByPattern()
 {
-    constexpr int lines = 2500;
+    constexpr int lines = 1500;
     LineGenerator generator(20240229);
     int changed = 0;
     for (int i = 0; i < lines; ++i) {
@@ -183,6 +183,7 @@ void UnitConversionsTest::SameAsPatternByPattern()
         QVERIFY2(ExpandUnitConversions(line) == expected, qPrintable(line));
         changed += expected != line && expected != u"()"_s;
     }
+    QVERIFY(changed > lines / 4); // enough of the lines are conversions
 }
 
 void UnitConversionsTest::HostileText_data()
