@@ -14,9 +14,9 @@ using Seconds = std::optional<qint64>;
 
 constexpr qint64 secondsPerDay = 86400;
 
-// Days from 1970 (126 million years) within which local times are reckoned. The distance between any two of them
-// still fits 64 bits of milliseconds, which is what QDateTime counts in without a check.
-constexpr qint64 farthestDay = 46'000'000'000;
+// Days from 1970 (1.1 million years) within which local times are reckoned. QDateTime keeps a local time in 56 bits of
+// milliseconds, 417 million days, and counting days past them silently gives another date.
+constexpr qint64 farthestDay = 400'000'000;
 
 Seconds Rounded(double seconds)
 {
