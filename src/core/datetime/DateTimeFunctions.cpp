@@ -12,24 +12,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Sources = const DateTimeSources&;
+using Sources = DateTimeSources&;
 
 DateTimeValue Today(DateTimeArguments, Sources sources)
 {
-    return MakeDate(sources.now.date());
+    return MakeDate(sources.Now().date());
 }
 
 DateTimeValue Now(DateTimeArguments, Sources sources)
 {
-    return MakeStamp(sources.now, true);
+    return MakeStamp(sources.Now(), true);
 }
 
 // The text is read as a line of its own, in which ANS is a plain number: an answer cannot refer to itself.
 DateTimeValue Answer(DateTimeArguments, Sources sources)
 {
-    if (!sources.ansText.isEmpty())
-        return EvaluateDateTimeParser(sources.ansText, {sources.resolver, sources.now});
-    return ResolveNumber(u"ANS"_s, sources);
+    if (sources.ansText.isEmpty())
+        return ResolveNumber(u"ANS"_s, sources);
+    DateTimeSources withoutAnswer = {sources.resolver, sources.clock};
+    return EvaluateDateTimeParser(sources.ansText, withoutAnswer);
 }
 
 DateTimeValue Date(DateTimeArguments arguments, Sources)
@@ -48,7 +49,7 @@ DateTimeValue Days(DateTimeArguments arguments, Sources)
 
 DateTimeValue Age(DateTimeArguments arguments, Sources sources)
 {
-    const std::optional<QString> age = AgeText(GetCalendarDate(arguments[0]), sources.now.date());
+    const std::optional<QString> age = AgeText(GetCalendarDate(arguments[0]), sources.Now().date());
     return age ? MakeText(*age) : DateTimeValue();
 }
 
@@ -115,6 +116,15 @@ QString Counted(qint64 count, QLatin1StringView unit)
 
 } // namespace
 
+QDateTime DateTimeSources::Now()
+{
+    if (!moment) {
+        const QDateTime now = clock ? clock() : QDateTime();
+        moment = now.addMSecs(-now.time().msec());
+    }
+    return *moment;
+}
+
 std::span<const DateTimeWord> DateTimeWords()
 {
     return words;
@@ -127,7 +137,7 @@ const DateTimeWord* FindDateTimeWord(QStringView name)
     return word == std::end(words) ? nullptr : word;
 }
 
-DateTimeValue ResolveNumber(const QString& name, const DateTimeSources& sources)
+DateTimeValue ResolveNumber(const QString& name, DateTimeSources& sources)
 {
     const std::optional<double> number = sources.resolver ? sources.resolver(name) : std::nullopt;
     return number ? MakeNumber(*number) : DateTimeValue();

@@ -13,11 +13,18 @@
 /// The number that a name stands for elsewhere in the calculator, or nothing. The name comes in upper case.
 using NumericResolver = std::function<std::optional<double>(const QString& name)>;
 
+/// Tells the local time.
+using DateTimeClock = std::function<QDateTime()>;
+
 /// What a line may draw on besides its own text.
 struct DateTimeSources {
     const NumericResolver& resolver;
-    QDateTime now;     ///< local time, whole seconds
+    const DateTimeClock& clock;
     QString ansText{}; ///< the last date-time answer, as text of this language; empty: `ANS` is the resolver's number
+    std::optional<QDateTime> moment{}; ///< when the line first asked for the time
+
+    /// The local time in whole seconds, the same however often the line asks.
+    QDateTime Now();
 };
 
 enum class WordRecognition {
@@ -33,7 +40,7 @@ struct DateTimeWord {
     WordRecognition recognition;
     int arguments;   // 0: the word stands without brackets
     bool takesDates; // a date literal in double quotes may stand for an argument
-    DateTimeValue (*value)(DateTimeArguments arguments, const DateTimeSources& sources);
+    DateTimeValue (*value)(DateTimeArguments arguments, DateTimeSources& sources);
 };
 
 /// All words.
@@ -43,7 +50,7 @@ std::span<const DateTimeWord> DateTimeWords();
 const DateTimeWord* FindDateTimeWord(QStringView name);
 
 /// The number that a name in upper case stands for outside this language, or Invalid.
-DateTimeValue ResolveNumber(const QString& name, const DateTimeSources& sources);
+DateTimeValue ResolveNumber(const QString& name, DateTimeSources& sources);
 
 /// Years, months and days from a birth date to today: "1 year, 0 months, 12 days". Nothing where the birth date lies
 /// after today. Whole years are counted from the birth date, months from the last anniversary, days from there; a

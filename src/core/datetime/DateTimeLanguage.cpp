@@ -4,6 +4,8 @@
 #include "core/datetime/DateTimeText.h"
 #include "core/engine/Characters.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -52,27 +54,27 @@ bool HasBracketNext(QStringView text, qsizetype index)
     return index < text.size() && text[index] == u'(';
 }
 
+bool IsRecognisedBy(WordRecognition recognition, QStringView text, qsizetype wordEnd, bool ansIsDateTime)
+{
+    switch (recognition) {
+    case WordRecognition::Alone:
+        return IsBoundary(text, wordEnd);
+    case WordRecognition::BeforeBracket:
+        return HasBracketNext(text, wordEnd);
+    case WordRecognition::AsAnswer:
+        return ansIsDateTime && IsBoundary(text, wordEnd);
+    }
+    return false;
+}
+
 bool IsRecognisedWord(QStringView text, qsizetype start, bool ansIsDateTime)
 {
     const QStringView rest = text.mid(start);
+    const QChar initial = Folded(text[start]);
     for (const DateTimeWord& word : DateTimeWords()) {
-        if (!StartsWithWord(rest, word.name))
-            continue;
-        const qsizetype end = start + word.name.size();
-        switch (word.recognition) {
-        case WordRecognition::Alone:
-            if (IsBoundary(text, end))
-                return true;
-            break;
-        case WordRecognition::BeforeBracket:
-            if (HasBracketNext(text, end))
-                return true;
-            break;
-        case WordRecognition::AsAnswer:
-            if (ansIsDateTime && IsBoundary(text, end))
-                return true;
-            break;
-        }
+        if (initial == QChar(word.name.front()) && StartsWithWord(rest, word.name) &&
+            IsRecognisedBy(word.recognition, text, start + word.name.size(), ansIsDateTime))
+            return true;
     }
     return false;
 }
@@ -96,15 +98,14 @@ bool IsTimeAroundColon(QStringView text, qsizetype colon)
 
 bool LooksLikeDateTime(QStringView text, bool ansIsDateTime)
 {
+    bool inWord = false;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar c = text[i];
-        if (c == u':') {
-            if (IsTimeAroundColon(text, i))
-                return true;
-        } else if ((IsAsciiLetter(c) || c == longS) && IsBoundary(text, i) &&
-                   IsRecognisedWord(text, i, ansIsDateTime)) {
+        const bool wasInWord = std::exchange(inWord, IsAsciiWord(c));
+        if (inWord != wasInWord && (IsAsciiLetter(c) || c == longS) && IsRecognisedWord(text, i, ansIsDateTime))
             return true;
-        }
+        if (c == u':' && IsTimeAroundColon(text, i))
+            return true;
     }
     return false;
 }
@@ -124,11 +125,6 @@ QString AnsText(const DateTimeValue& value, const QString& printed)
     }
 }
 
-QDateTime ToTheSecond(const QDateTime& time)
-{
-    return time.addMSecs(-time.time().msec());
-}
-
 } // namespace
 
 bool ExpressionLooksLikeDateTimeLanguage(QStringView text)
@@ -139,12 +135,12 @@ bool ExpressionLooksLikeDateTimeLanguage(QStringView text)
 DateTimeAnswer EvaluateDateTimeLanguageInternal(QStringView text, const NumericResolver& resolver, bool ansAllowed,
                                                 const QString& ansText, const DateTimeClock& clock)
 {
-    const QString ans = ansAllowed ? ansText : QString();
+    DateTimeSources sources = {resolver, clock, ansAllowed ? ansText : QString()};
     DateTimeAnswer answer;
-    answer.recognised = LooksLikeDateTime(text, !ans.isEmpty());
+    answer.recognised = LooksLikeDateTime(text, !sources.ansText.isEmpty());
     if (!answer.recognised)
         return answer;
-    const DateTimeValue value = EvaluateDateTimeParser(text, {resolver, ToTheSecond(clock()), ans});
+    const DateTimeValue value = EvaluateDateTimeParser(text, sources);
     answer.ok = value.IsValid();
     answer.isNumeric = value.kind == DateTimeKind::Number;
     answer.number = value.number;

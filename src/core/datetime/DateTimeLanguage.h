@@ -9,9 +9,6 @@
 #include <QString>
 #include <QStringView>
 
-/// Tells the local time.
-using DateTimeClock = std::function<QDateTime()>;
-
 struct DateTimeAnswer {
     bool recognised = false; ///< the line is of this language; all else is empty where it is not
     bool ok = false;         ///< it has a value; all that follows is empty where it has none

@@ -81,7 +81,7 @@ DateTimeValue ParseDateLiteral(QStringView literal)
 // Brackets, calls and signs wait on a stack of their own, so that no depth of nesting costs the thread's stack.
 class DateTimeParser {
 public:
-    DateTimeParser(QStringView line, const DateTimeSources& lineSources) : text(line), sources(lineSources) {}
+    DateTimeParser(QStringView line, DateTimeSources& lineSources) : text(line), sources(lineSources) {}
 
     DateTimeValue Evaluate();
 
@@ -114,7 +114,7 @@ private:
     std::optional<int> ParseTwoDigits();
 
     QStringView text;
-    const DateTimeSources& sources;
+    DateTimeSources& sources;
     qsizetype position = 0;
     bool ok = true;
     bool behindLiteral = false; // a date literal is an argument of its own: nothing is added to it
@@ -361,7 +361,7 @@ std::optional<int> DateTimeParser::ParseTwoDigits()
 
 } // namespace
 
-DateTimeValue EvaluateDateTimeParser(QStringView text, const DateTimeSources& sources)
+DateTimeValue EvaluateDateTimeParser(QStringView text, DateTimeSources& sources)
 {
     return DateTimeParser(text, sources).Evaluate();
 }

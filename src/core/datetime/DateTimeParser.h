@@ -20,4 +20,4 @@ inline bool IsLiteralSpace(QChar c)
 
 /// The value of the whole of `text`. Invalid where it is no expression, where an operator does not fit its operands,
 /// or where a value leaves its range. Any depth of nesting is read; time and memory grow with the text's length.
-DateTimeValue EvaluateDateTimeParser(QStringView text, const DateTimeSources& sources);
+DateTimeValue EvaluateDateTimeParser(QStringView text, DateTimeSources& sources);

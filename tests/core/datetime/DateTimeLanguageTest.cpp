@@ -11,11 +11,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Thursday, the tenth of September 2026.
-QDateTime Clock()
-{
-    return QDateTime(QDate(2026, 9, 10), QTime(23, 30, 15, 750));
-}
+// Thursday, the tenth of September 2026. A second passes at each look.
+class Clock {
+public:
+    QDateTime operator()() { return QDateTime(QDate(2026, 9, 10), QTime(23, 30, 15, 750)).addSecs(looks++); }
+
+private:
+    int looks = 0;
+};
 
 std::optional<double> Resolve(const QString& name)
 {
@@ -37,7 +40,7 @@ QString AnswerOf(const DateTimeAnswer& answer)
 
 QString AnswerOf(const QString& line)
 {
-    return AnswerOf(EvaluateDateTimeLanguageInternal(line, Resolve, false, {}, Clock));
+    return AnswerOf(EvaluateDateTimeLanguageInternal(line, Resolve, false, {}, Clock()));
 }
 
 void SetTimeZone(const char* rule)
@@ -163,6 +166,7 @@ void DateTimeLanguageTest::Line_data()
     row("a date of an expression",                         u"DATE((TODAY + 3))",                  u"9/13/2026");
     row("a date of a number",                              u"DATE(3)",                            u"fails");
     row("now, to the second",                              u"now + 1",                            u"9/11/2026 11:30:15 PM");
+    row("now is one moment in a line",                     u"NOW - NOW",                          u"0:00:00");
     row("a whole second below now is counted",             u"TODAY - NOW",                        u"-23:30:15");
 
     row("days from the first to the second",               u"days(\"9/10/2026\", TODAY + 106)",   u"=106");
@@ -251,7 +255,7 @@ void DateTimeLanguageTest::Ans()
     QFETCH(bool, allowed);
     QFETCH(QString, ansText);
     QFETCH(QString, line);
-    const DateTimeAnswer answer = EvaluateDateTimeLanguageInternal(line, Resolve, allowed, ansText, Clock);
+    const DateTimeAnswer answer = EvaluateDateTimeLanguageInternal(line, Resolve, allowed, ansText, Clock());
     QTEST(AnswerOf(answer), "answer");
     QTEST(answer.newAnsText, "newAnsText");
 }
