@@ -90,7 +90,7 @@ void DateTimeLanguageTest::Line_data()
     row("a duration from a number of minutes",             u"100 - 1:30",                         u"0:10");
     row("a duration from a number of seconds",             u"100 - 0:01:30",                      u"0:00:10");
     row("durations never wrap",                            u"23:00 + 3:00",                       u"26:00");
-    row("a difference below zero",                         u"1:00 - 26:30:15",                    u"-25:30:15");
+    row("a difference below zero",                         u"1:00:00 - 26:30",                    u"-25:30:00");
     row("a sign prints",                                   u"-0:30",                              u"-0:30");
     row("two signs cancel",                                u"- -0:30 + +X",                       u"0:32");
     row("seconds that were written stay",                  u"0:00:00",                            u"0:00:00");
@@ -146,8 +146,8 @@ void DateTimeLanguageTest::Line_data()
     row("no leap day in 2100",                             u"DATE(\"2/29/2100\")",                u"fails");
     row("over the year's end",                             u"DATE(\"12/31/2026 11:59 pm\") + 0:01", u"1/1/2027 12:00 AM");
     row("a date moves by whole days",                      u"DATE(\"9/10/2026\") + 1.5",          u"fails");
-    row("whole but for rounding",                          u"DATE(\"9/10/2026\") + 0.1 * 30",     u"9/13/2026");
-    row("a duration makes a date a time of day",           u"DATE(\"9/10/2026\") - 1:30",         u"9/9/2026 10:30 PM");
+    row("whole but for rounding",                          u"DATE(\"9/10/2026\") + 0.1 * 3 * 10",    u"9/13/2026");
+    row("a duration makes a date a time of day",           u"DATE(\"9/10/2026\") - 1:30:00",      u"9/9/2026 10:30:00 PM");
     row("a stamp and a duration",                          u"2:00 + DATE(\"9/10/2026 11:30 PM\")", u"9/11/2026 1:30 AM");
     row("a stamp and days keep the seconds shown",         u"DATE(\"9/10/2026 1:00:00 PM\") + 1", u"9/11/2026 1:00:00 PM");
     row("days between dates",                              u"DATE(\"12/25/2026\") - DATE(\"9/10/2026\")", u"=106");
