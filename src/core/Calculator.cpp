@@ -8,6 +8,7 @@
 #include "core/engine/ReservedNames.h"
 #include "core/engine/Substitution.h"
 #include "core/engine/Variables.h"
+#include "core/units/UnitConversions.h"
 
 #include <QStringList>
 
@@ -82,6 +83,18 @@ double Calculator::Eval(const QString& text, bool& ok) const
     return value.value_or(0);
 }
 
+DateTimeAnswer Calculator::EvaluateDateTimeExpression(const QString& text)
+{
+    const NumericResolver resolver = [this](const QString& name) {
+        return EvaluateText(ReplaceANS(name), values.variables, surroundings.random);
+    };
+    DateTimeAnswer answer = EvaluateDateTimeLanguageInternal(text, resolver, values.ansIsDateTime,
+                                                             values.ansDateTimeText, surroundings.clock);
+    if (answer.ok && answer.isNumeric)
+        answer.answerText = FormatAnswer(answer.number);
+    return answer;
+}
+
 QString Calculator::ReplaceANS(const QString& text) const
 {
     return ::ReplaceANS(text, values.lastAnswer);
@@ -139,7 +152,7 @@ QString Calculator::NormalizeSubmittedMath(const QString& text) const
     const QString line = text.trimmed();
     if (KeepsItsWords(line))
         return line;
-    return line;
+    return ExpandUnitConversions(line);
 }
 
 QString Calculator::FormatAnswer(double value)

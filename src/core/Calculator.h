@@ -5,6 +5,7 @@
 // LineAnswers.h and, for commands that need the window, with the window.
 #pragma once
 
+#include "core/datetime/DateTimeLanguage.h"
 #include "core/engine/Evaluator.h"
 #include "core/engine/FunctionTable.h"
 
@@ -23,6 +24,7 @@ struct CalculatorOptions {
 struct Surroundings {
     std::function<CalculatorOptions()> options = [] { return CalculatorOptions(); };
     RandomSource random = GlobalRandomBits;
+    DateTimeClock clock = QDateTime::currentDateTime;
 };
 
 /// All that a workspace remembers besides its text. Copies share their data.
@@ -56,6 +58,10 @@ public:
 
     /// The strict road: one expression of numbers and functions.
     double Eval(const QString& text, bool& ok) const;
+
+    /// A line of the date and time language. Names that are none of its words stand for variables, constants and the
+    /// last numeric answer. A numeric answer's text is formatted.
+    DateTimeAnswer EvaluateDateTimeExpression(const QString& text);
 
     /// The text with `ANS` replaced by the last numeric answer.
     QString ReplaceANS(const QString& text) const;

@@ -30,6 +30,14 @@ std::optional<QString> PreviewAssignment(Calculator& calculator, const QString& 
     return QString(name + u" = "_s + (ok ? calculator.FormatAnswer(value) : u"Cannot Solve"_s));
 }
 
+std::optional<QString> PreviewDateTime(Calculator& calculator, const QString& line)
+{
+    const DateTimeAnswer answer = calculator.EvaluateDateTimeExpression(line);
+    if (!answer.recognised)
+        return std::nullopt;
+    return answer.ok ? QString(line + u" = "_s + answer.answerText) : u"Cannot Solve"_s;
+}
+
 std::optional<QString> PreviewExpression(Calculator& calculator, const QString& line)
 {
     bool ok = false;
@@ -42,21 +50,47 @@ std::optional<QString> PreviewExpression(Calculator& calculator, const QString& 
 constexpr std::optional<QString> (*previews[])(Calculator&, const QString&) = {
     PreviewFunctionDefinition,
     PreviewAssignment,
+    PreviewDateTime,
     PreviewExpression,
 };
+
+Submission Answer(const QString& answer)
+{
+    return LineWithStatus(answer, true, u"Value = "_s + answer);
+}
+
+void RememberNumber(WorkspaceValues& values, double number)
+{
+    values.lastAnswer = number;
+    values.ansDateTimeText.clear();
+    values.ansIsDateTime = false;
+}
+
+// Words such as a weekday's name leave ANS as it was.
+void RememberDateTime(WorkspaceValues& values, const DateTimeAnswer& answer)
+{
+    if (answer.isNumeric) {
+        RememberNumber(values, answer.number);
+    } else if (!answer.newAnsText.isEmpty()) {
+        values.ansDateTimeText = answer.newAnsText;
+        values.ansIsDateTime = true;
+    }
+}
 
 } // namespace
 
 Submission SubmitExpression(Calculator& calculator, const QString& line)
 {
-    const Value value = calculator.EvaluateExpression(line);
-    if (!value)
+    const DateTimeAnswer dateTime = calculator.EvaluateDateTimeExpression(line);
+    const Value value = dateTime.recognised ? std::nullopt : calculator.EvaluateExpression(line);
+    if (!dateTime.ok && !value)
         return CannotSolve(u"Cannot Solve"_s);
-    calculator.values.lastAnswer = *value;
-    calculator.values.ansDateTimeText.clear();
-    calculator.values.ansIsDateTime = false;
-    const QString answer = calculator.FormatAnswer(*value);
-    return LineWithStatus(answer, true, u"Value = "_s + answer);
+    if (dateTime.ok) {
+        RememberDateTime(calculator.values, dateTime);
+        return Answer(dateTime.answerText);
+    }
+    RememberNumber(calculator.values, *value);
+    return Answer(calculator.FormatAnswer(*value));
 }
 
 std::optional<Submission> SubmitAssignment(Calculator& calculator, const QString& line)
