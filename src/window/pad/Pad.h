@@ -17,8 +17,8 @@ public:
 
     QPlainTextEdit* Editor() const { return editor; }
     const PadText& Text() const { return text; }
-    /// Whether a change of the text is under way: its textChanged is still to come, and a cursor that moves now has been
-    /// moved by it.
+    /// Whether a change of the text is under way: its textChanged is still to come, and a cursor that moves now has
+    /// been moved by it.
     bool IsChanging() const { return changing; }
 
     int CursorPosition() const { return editor->textCursor().position(); }

@@ -1,0 +1,65 @@
+# For ./run, ./test and their kin: the packages that each needs on Debian, installed where they are missing.
+#
+#   . tools/packages.sh
+#   need_packages build display
+
+packages_build="g++ cmake ninja-build ccache qt6-base-dev libgl1-mesa-dev"
+packages_display="xvfb openbox xdotool imagemagick x11-utils fonts-dejavu-core"
+packages_test="clang-format"
+packages_lint="clang-tidy clang"
+packages_bench="libbenchmark-dev"
+packages_fuzz="clang libclang-rt-14-dev"
+
+is_installed() {
+    [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+need_packages() {
+    local group name list missing=()
+    if ! command -v dpkg-query >/dev/null; then
+        echo "This is no Debian system: please see to it that what these packages hold is installed:" >&2
+        for group in "$@"; do list=packages_$group; echo "  ${!list}" >&2; done
+        echo "Going on as if it were." >&2
+        return
+    fi
+    for group in "$@"; do
+        list=packages_$group
+        for name in ${!list}; do is_installed "$name" || missing+=("$name"); done
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "Missing packages: ${missing[*]}" >&2
+            echo "Install them as root (apt-get install ${missing[*]}), then try again." >&2
+            exit 1
+        fi
+        as_root=(sudo)
+    fi
+    echo "Installing: ${missing[*]}"
+    "${as_root[@]}" apt-get update -qq || echo "The package lists could not be renewed; trying with those at hand." >&2
+    if ! "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+        "${missing[@]}" >/dev/null; then
+        echo "Could not install: ${missing[*]}" >&2
+        exit 1
+    fi
+}
+
+# Objects compiled once are found again from another clone, and with precompiled headers.
+export CCACHE_BASEDIR=${CCACHE_BASEDIR:-$PWD}
+export CCACHE_NOHASHDIR=1
+export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+
+# build PRESET [TARGET...]: configures and builds in silence, and shows all of it where it fails.
+build() {
+    local preset=$1 log
+    shift
+    log=$(mktemp)
+    echo "Building ($preset)"
+    if ! { cmake --preset "$preset" && cmake --build --preset "$preset" ${1:+--target "$@"}; } >"$log" 2>&1; then
+        cat "$log" >&2
+        rm -f "$log"
+        exit 1
+    fi
+    rm -f "$log"
+}
