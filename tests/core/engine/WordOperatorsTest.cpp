@@ -235,6 +235,8 @@ void WordOperatorsTest::Lines_data()
                                                     << "1000000000000000000";
     QTest::newRow("beyond 64 bits stays in words")  << "two + one hundred hundred hundred hundred hundred hundred hundred hundred-hundred-hundred six"
                                                     << "2 + one hundred hundred hundred hundred hundred hundred hundred hundred-hundred-hundred six";
+    QTest::newRow("the sum of the groups counts")   << "nine hundred hundred hundred trillion ninety hundred hundred hundred hundred hundred hundred hundred hundred"
+                                                    << "nine hundred hundred hundred trillion ninety hundred hundred hundred hundred hundred hundred hundred hundred";
     // clang-format on
 }
 
