@@ -14,7 +14,7 @@
 struct CalculatorSyntaxItem {
     QString name;           ///< what a suggestion inserts; upper case in the table, may hold blanks
     QString syntax;         ///< what a hint shows; empty for constants and word operators
-    QStringList parameters; ///< each parameter as it stands in `syntax`, in order; see DATE for the one exception
+    QStringList parameters; ///< each as it stands in `syntax`, in order; DATE has a word that stands nowhere
     bool isFunction = false;
     bool isCommand = false;
     bool isWordOperator = false; ///< to be offered only while word operators are on
