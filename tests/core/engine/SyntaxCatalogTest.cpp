@@ -55,15 +55,12 @@ void SyntaxCatalogTest::Items_data()
     QTest::newRow("NPV")             << "NPV(rate, cashFlow0, cashFlow1, ...)" << list(u"rate|cashFlow0|cashFlow1, ..."_s);
     QTest::newRow("PV")              << "PV(rate, periods, futureValue [, payment])" << list(u"rate|periods|futureValue|payment"_s);
     QTest::newRow("DATE")            << "DATE(\"M/D/YYYY [H:MM AM/PM]\")"  << list(u"dateText"_s);
-    QTest::newRow("0x")              << "0x(hexadecimalDigits)"            << list(u"hexadecimalDigits"_s);
     QTest::newRow("CLEAR VARIABLES") << "CLEAR VARIABLES"                  << QStringList();
     QTest::newRow("FORMAT")          << "FORMAT=formatString"              << list(u"formatString"_s);
     QTest::newRow("MENU")            << "MENU option [value]"              << list(u"option|value"_s);
     QTest::newRow("MENU OUTPUT BASE") << "MENU OUTPUT BASE [DEC/BIN/OCT/HEX]" << list(u"base"_s);
     QTest::newRow("CREATE FUNCTION") << "CREATE FUNCTION name(parameter, ...) = expression" << list(u"name(parameter, ...)|expression"_s);
     QTest::newRow("ISOLATE")         << "ISOLATE variable, equation"       << list(u"variable|equation"_s);
-    QTest::newRow("SIMPLIFY")        << "SIMPLIFY expression-or-equation"  << list(u"expression-or-equation"_s);
-    QTest::newRow("SHOW")            << "SHOW [handle]"                    << list(u"handle"_s);
     QTest::newRow("TODAY")           << ""                                 << QStringList();
     // clang-format on
 }
@@ -85,11 +82,9 @@ void SyntaxCatalogTest::FindingAName_data()
     QTest::newRow("any case")                           << "sIn"              << "SIN"              << true;
     QTest::newRow("the first of equal names")           << "min"              << "MIN"              << true;
     QTest::newRow("lower case in the table")            << "0X"               << "0x"               << true;
-    QTest::newRow("a command")                          << "Clear Variables"  << "CLEAR VARIABLES"  << false;
     QTest::newRow("the longest name")                   << "menu output base hexadecimal" << "MENU OUTPUT BASE HEXADECIMAL" << false;
     QTest::newRow("one letter more than the longest")   << "MENU OUTPUT BASE HEXADECIMALS" << ""    << false;
     QTest::newRow("nothing")                            << ""                 << ""                 << false;
-    QTest::newRow("part of a name")                     << "SI"               << ""                 << false;
     QTest::newRow("a letter that equals in any case")   << "\u017Fin"         << "SIN"              << true;
     // clang-format on
 }

@@ -15,43 +15,20 @@ namespace {
 
 const QChar minusOfWord(0xE000);
 
-const QList<std::pair<QString, QString>> rows = {
-    {u"RAISED TO THE POWER OF"_s, u"^"_s},
-    {u"TO THE POWER OF"_s, u"^"_s},
-    {u"RAISED TO"_s, u"^"_s},
-    {u"MULTIPLIED BY"_s, u"*"_s},
-    {u"DIVIDED BY"_s, u"/"_s},
-    {u"ADDED TO"_s, u"+"_s},
-    {u"EQUALS"_s, u"="_s},
-    {u"EQUAL"_s, u"="_s},
-    {u"PLUS"_s, u"+"_s},
-    {u"ADD"_s, u"+"_s},
-    {u"ADDED"_s, u"+"_s},
-    {u"MINUS"_s, minusOfWord},
-    {u"SUBTRACT"_s, minusOfWord},
-    {u"SUBTRACTED"_s, minusOfWord},
-    {u"MULTIPLY"_s, u"*"_s},
-    {u"MULTIPLIED"_s, u"*"_s},
-    {u"TIMES"_s, u"*"_s},
-    {u"OF"_s, u"*"_s},
-    {u"DIVIDE"_s, u"/"_s},
-    {u"DIVIDED"_s, u"/"_s},
-    {u"OVER"_s, u"/"_s},
-    {u"POWER"_s, u"^"_s},
-    {u"EXPONENT"_s, u"^"_s},
-    {u"POSITIVE"_s, u"+"_s},
-    {u"NEGATIVE"_s, minusOfWord},
-};
-
+const QStringList phrases =
+    u"RAISED TO THE POWER OF|TO THE POWER OF|RAISED TO|MULTIPLIED BY|DIVIDED BY|ADDED TO|EQUALS|EQUAL|"
+    "PLUS|ADD|ADDED|MINUS|SUBTRACT|SUBTRACTED|MULTIPLY|MULTIPLIED|TIMES|OF|DIVIDE|DIVIDED|OVER|"
+    "POWER|EXPONENT|POSITIVE|NEGATIVE"_s.split(u'|');
+const QString symbols = u"^^^*/+==+++\uE000\uE000\uE000****///^^+\uE000"_s;
 const QStringList units =
     u"ZERO ONE TWO THREE FOUR FIVE SIX SEVEN EIGHT NINE TEN ELEVEN TWELVE THIRTEEN FOURTEEN FIFTEEN SIXTEEN SEVENTEEN "
     "EIGHTEEN NINETEEN"_s.split(u' ');
 const QStringList tens = u"TWENTY THIRTY FORTY FIFTY SIXTY SEVENTY EIGHTY NINETY"_s.split(u' ');
 const QStringList scales = u"THOUSAND MILLION BILLION TRILLION"_s.split(u' ');
+const QStringList others = u"HUNDRED POINT NEGATIVE"_s.split(u' ');
 
 bool IsPlainNumberWord(const QString& word)
 {
-    static const QStringList others = {u"HUNDRED"_s, u"POINT"_s, u"NEGATIVE"_s};
     const QString upper = word.toUpper();
     return units.contains(upper) || tens.contains(upper) || scales.contains(upper) || others.contains(upper);
 }
@@ -163,12 +140,12 @@ QString PlainWordOp(QString text)
 {
     static const QList<QRegularExpression> patterns = [] {
         QList<QRegularExpression> list;
-        for (const auto& [phrase, symbol] : rows)
+        for (const QString& phrase : phrases)
             list += PhrasePattern(phrase);
         return list;
     }();
-    for (qsizetype i = 0; i < rows.size(); ++i)
-        text.replace(patterns[i], rows[i].second);
+    for (qsizetype i = 0; i < patterns.size(); ++i)
+        text.replace(patterns[i], symbols.sliced(i, 1));
     return PlainNumberWords(text).replace(minusOfWord, u'-');
 }
 
@@ -176,10 +153,8 @@ QString PlainWordOp(QString text)
 // not make an identifier. `vocabulary` sets which words are frequent.
 QString RandomLine(QRandomGenerator& random, const QStringList& vocabulary)
 {
-    static const QStringList gaps = {u" "_s, u" "_s,   u" "_s,      u" "_s,         u"  "_s,     u"\t "_s,
-                                     u"-"_s, u" - "_s, u"--"_s,     u" -"_s,        u"- "_s,     u"\u00A0"_s,
-                                     u"_"_s, u"2"_s,   u""_s,       u"é"_s,         u"\u017F"_s, u"\u212A"_s,
-                                     u"("_s, u"+"_s,   u"\u0662"_s, u"\U0001F600"_s};
+    static const QStringList gaps =
+        u" | | | |  |\t |-| - |--| -|- |\u00A0|_|2||é|\u017F|\u212A|(|+|\u0662|\U0001F600"_s.split(u'|');
     QString line;
     for (int i = random.bounded(1, 14); i > 0; --i) {
         QString word = vocabulary[random.bounded(static_cast<int>(vocabulary.size()))];
@@ -214,16 +189,13 @@ void WordOperatorsTest::Lines_data()
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("rewritten");
     // clang-format off
-    QTest::newRow("words and numbers")              << "five plus six"                    << "5 + 6";
-    QTest::newRow("any case")                       << "TEN Divided bY two"               << "10 / 2";
+    QTest::newRow("words and numbers, any case")    << "x equals five Divided bY SIX"     << "x = 5 / 6";
     QTest::newRow("the longest phrase")             << "2 raised to the  power of 3"      << "2 ^ 3";
     QTest::newRow("an earlier phrase has the word") << "2 added to the power of 3"        << "2 + ^ 3";
-    QTest::newRow("equality")                       << "x equals five"                    << "x = 5";
-    QTest::newRow("tens and units, a hyphen")       << "twenty-five"                      << "25";
+    QTest::newRow("tens and units, a hyphen")       << "twenty-five, twenty five"         << "25, 25";
     QTest::newRow("scales")                         << "two thousand three hundred five"  << "2305";
-    QTest::newRow("no number word ends a number")   << "one hundred and five"             << "100 and 5";
-    QTest::newRow("decimals")                       << "three point one four"             << "3.14";
-    QTest::newRow("a point with no digit before")   << "point five"                       << "0.5";
+    QTest::newRow("another word ends a number")     << "one hundred and five"             << "100 and 5";
+    QTest::newRow("decimals")                       << "point five, three point one four" << "0.5, 3.14";
     QTest::newRow("decimals are single digits")     << "ten point twelve"                 << "10 12";
     QTest::newRow("order is not tested")            << "five twenty"                      << "25";
     QTest::newRow("minus is an operator")           << "minus five"                       << "- 5";
@@ -249,10 +221,8 @@ void WordOperatorsTest::Lines()
 void WordOperatorsTest::AgreesWithTheRowsInTheirOrder_data()
 {
     QTest::addColumn<QStringList>("vocabulary");
-    QStringList operators = {u"THE"_s, u"TO"_s, u"RAISED"_s, u"BY"_s, u"PLUSH"_s, u"x"_s};
-    for (const auto& [phrase, symbol] : rows)
-        operators += phrase;
-    const QStringList numbers = units + tens + scales + QStringList{u"HUNDRED"_s, u"POINT"_s, u"NEGATIVE"_s};
+    const QStringList operators = phrases + u"THE TO RAISED BY PLUSH x"_s.split(u' ');
+    const QStringList numbers = units + tens + scales + others;
     QTest::newRow("operators") << operators;
     QTest::newRow("pieces of phrases")
         << u"ADDED TO RAISED TO THE POWER OF MULTIPLIED DIVIDED BY TO THE POWER OF"_s.split(u' ');
