@@ -19,6 +19,7 @@ CustomFunctionMap Definitions(const QList<CustomFunctionDefinition>& list)
 const CustomFunctionMap sample = Definitions({
     {u"SQ"_s, {u"X"_s}, u"X*X"_s},
     {u"AREA"_s, {u"W"_s, u"H"_s}, u"w * SQ(h)"_s},
+    {u"ID"_s, {u"X"_s}, u"X"_s},
     {u"SEVEN7"_s, {}, u"7"_s},
     {u"HALF"_s, {u"E3"_s}, u"E3/2e3+0xE3"_s},
     {u"LOOP"_s, {}, u"LOOP()"_s},
@@ -132,6 +133,7 @@ void CustomFunctionsTest::ExpansionHasLimits_data()
     QTest::newRow("99 calls")                      << u"SEVEN7()+"_s.repeated(99)  << true;
     QTest::newRow("100 calls")                     << u"SEVEN7()+"_s.repeated(100) << false;
     QTest::newRow("a text that doubles too often") << QString(u"SQ(SQ("_s + half + u"))"_s) << false;
+    QTest::newRow("two long arguments")            << QString(u"ID("_s + half + u")+1+ID("_s + half + u')') << false;
     QTest::newRow("a long text that does not")     << QString(u"SEVEN7()+"_s + half) << true;
     QTest::newRow("calls in calls in calls")       << QString(u"SQ("_s.repeated(100'000) + u")"_s.repeated(100'000)) << false;
     QTest::newRow("a long chain of names")         << QString(u"SQ "_s.repeated(100'000) + u"SEVEN7()"_s) << false;
@@ -204,9 +206,8 @@ void CustomFunctionsTest::Commands()
     QFETCH(QString, status);
     CustomFunctions functions;
     CustomFunctionMap before = sample;
-    before.remove(u"LOOP"_s);
-    before.remove(u"SEVEN7"_s);
-    before.remove(u"HALF"_s);
+    for (const QString& name : {u"LOOP"_s, u"SEVEN7"_s, u"HALF"_s, u"ID"_s})
+        before.remove(name);
     functions.SetDefinitions(before);
     bool changed = false;
     const std::optional<Submission> submission =
@@ -257,10 +258,10 @@ void CustomFunctionsTest::SettingsKeepFunctions()
     loaded.SetDefinitions(sample);
     loaded.LoadCustomFunctions(settings, [](const QString&) { return false; });
     QVERIFY(loaded.Definitions() == functions.Definitions());
-    QVERIFY(!settings.contains(u"CustomFunctions/5/Name"_s));
+    QVERIFY(!settings.contains(u"CustomFunctions/6/Name"_s));
 
     const QList<CalculatorSyntaxItem> items = loaded.GetCustomFunctionSyntaxItems();
-    QCOMPARE(items.size(), 4);
+    QCOMPARE(items.size(), 5);
     QCOMPARE(items[0].syntax, u"AREA(W, H)"_s);
     QCOMPARE(items[0].parameters, (QStringList{u"W"_s, u"H"_s}));
     QVERIFY(items[0].isFunction && !items[0].isCommand && !items[0].isWordOperator);

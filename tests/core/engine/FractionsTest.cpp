@@ -66,6 +66,7 @@ QList<double> SampleValues()
     for (int i = 0; i < 8; ++i) {
         values += random.generateDouble();
         values += std::exp(33 * random.generateDouble() - 4);
+        values += std::floor(std::exp(21 * random.generateDouble())) + 1.0 / random.bounded(100'000, 1'000'000);
         values += random.bounded(1, 1'000'000) / static_cast<double>(random.bounded(100'000, 1'000'000));
     }
     return values;
@@ -121,6 +122,9 @@ void FractionsTest::Texts_data()
     QTest::newRow("the sign is the numerator's")
         << -0.15 << u"-3/20"_s + heading + u"-1/7   -0.142857142857   error 0.00714285714286\n"
                                             "-3/20  -0.15             error 0"_s;
+    QTest::newRow("the first of equals stays")
+        << 1 / 18.0 << u"1/18"_s + heading + u"0/1   0                 error 0.0555555555556\n"
+                                             "1/18  0.0555555555556   error 0"_s;
     QTest::newRow("no zero is negative") << -0.0 << u"0/1"_s + heading + u"0/1  0                 error 0"_s;
     QTest::newRow("what is within the tolerance of zero is zero")
         << -1e-18 << u"0/1"_s + heading + u"0/1  0                 error 0"_s;
