@@ -3,11 +3,12 @@
 #include "core/CommandText.h"
 #include "core/engine/AnswerFormat.h"
 #include "core/engine/Characters.h"
-#include "core/engine/Functions.h"
 #include "core/engine/ProgrammerMath.h"
 #include "core/engine/ReservedNames.h"
 #include "core/engine/Substitution.h"
+#include "core/engine/SyntaxCatalog.h"
 #include "core/engine/Variables.h"
+#include "core/engine/WordOperators.h"
 #include "core/units/UnitConversions.h"
 
 #include <QStringList>
@@ -35,17 +36,17 @@ bool UnwrapOutputConversion(const QString& text, QString& inner, int& base)
 }
 
 // Whether a call of a known function stands in the text: then its words are no talk, and it stays an error.
-bool CallsKnownFunction(QStringView text)
+bool CallsKnownFunction(QStringView text, const CustomFunctionMap& customFunctions)
 {
     for (qsizetype start = 0; start < text.size();) {
         qsizetype end = start;
         while (end < text.size() && IsAsciiWord(text[end]) && (end > start || !IsAsciiDigit(text[end])))
             ++end;
-        qsizetype bracket = end;
-        while (end > start && bracket < text.size() && IsSpace(text[bracket]))
-            ++bracket;
-        if (end > start && bracket < text.size() && text[bracket] == u'(' &&
-            FindFunction(text.sliced(start, end - start).toLatin1().toUpper().toStdString()))
+        const QStringView name = text.sliced(start, end - start);
+        while (end > start && end < text.size() && IsSpace(text[end]))
+            ++end;
+        if (!name.isEmpty() && end < text.size() && text[end] == u'(' &&
+            (IsCatalogFunction(name) || customFunctions.contains(name.toString().toUpper())))
             return true;
         start = std::max(end, start + 1);
     }
@@ -78,7 +79,10 @@ Value Calculator::EvaluateExpression(const QString& text)
 double Calculator::Eval(const QString& text, bool& ok) const
 {
     static const Variables none;
-    const Value value = EvaluateText(text, none, surroundings.random);
+    QString expanded;
+    QString errorText;
+    const bool expands = customFunctions.ExpandCustomFunctions(text, expanded, errorText);
+    const Value value = expands ? EvaluateText(expanded, none, surroundings.random) : std::nullopt;
     ok = value.has_value();
     return value.value_or(0);
 }
@@ -98,6 +102,11 @@ DateTimeAnswer Calculator::EvaluateDateTimeExpression(const QString& text)
 QString Calculator::ReplaceANS(const QString& text) const
 {
     return ::ReplaceANS(text, values.lastAnswer);
+}
+
+bool Calculator::ExpandCustomFunctions(const QString& text, QString& expanded, QString& errorText) const
+{
+    return customFunctions.ExpandCustomFunctions(text, expanded, errorText);
 }
 
 QString Calculator::ReplaceVariables(const QString& text) const
@@ -124,35 +133,49 @@ Value Calculator::Evaluate(const QString& text, QString* processedText)
 
 Value Calculator::EvaluateTries(const QString& text, QString* processedText) const
 {
-    const QString expanded = ReplaceANS(text);
-    const Value value = EvaluateText(expanded, values.variables, surroundings.random);
-    if (value && !processedText)
+    QString processed;
+    QString errorText;
+    const bool expands = ExpandCustomFunctions(ReplaceANS(text), processed, errorText);
+    Value value = expands ? EvaluateText(processed, values.variables, surroundings.random) : std::nullopt;
+    if (!processedText && (value || !expands))
         return value;
-    QString processed = ReplaceVariables(expanded);
-    const Value outcome = value ? value : EvaluateForgiving(processed);
+    processed = ReplaceVariables(processed);
+    if (!value && expands)
+        value = EvaluateForgiving(processed);
     if (processedText)
         *processedText = processed;
-    return outcome;
+    return value;
 }
 
 // The tries behind the first. `text` becomes what the last of them read.
 Value Calculator::EvaluateForgiving(QString& text) const
 {
     const CalculatorOptions options = Options();
-    if (!options.ignoreText || CallsKnownFunction(text) || ProgrammerMath::ContainsInvalidBaseLiteral(text))
-        return std::nullopt;
-    text = RemoveNonMathText(text);
     bool ok = false;
-    const double value = Eval(text, ok);
+    double value = 0;
+    if (options.useWordOperators) {
+        text = WordOp(text);
+        value = Eval(text, ok);
+    }
+    if (!ok && options.ignoreText && !CallsKnownFunction(text, customFunctions.Definitions()) &&
+        !ProgrammerMath::ContainsInvalidBaseLiteral(text)) {
+        text = RemoveNonMathText(text);
+        value = Eval(text, ok);
+    }
     return ok ? Value(value) : std::nullopt;
 }
 
 QString Calculator::NormalizeSubmittedMath(const QString& text) const
 {
-    const QString line = text.trimmed();
+    QString line = text.trimmed();
     if (KeepsItsWords(line))
         return line;
-    return ExpandUnitConversions(line);
+    if (Options().useWordOperators)
+        line = WordOp(line);
+    line = ExpandUnitConversions(line);
+    QString expanded;
+    QString errorText;
+    return ExpandCustomFunctions(line, expanded, errorText) ? expanded : line;
 }
 
 QString Calculator::FormatAnswer(double value)
@@ -163,7 +186,7 @@ QString Calculator::FormatAnswer(double value)
 
 bool Calculator::IsReservedVariableName(const QString& name) const
 {
-    return IsReservedBuiltInName(name);
+    return IsReservedBuiltInName(name) || customFunctions.Definitions().contains(name.trimmed().toUpper());
 }
 
 bool Calculator::EvaluateVariableAssignment(const QString& text, QString& name, QString& expression, bool& reserved,

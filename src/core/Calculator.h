@@ -6,6 +6,7 @@
 #pragma once
 
 #include "core/datetime/DateTimeLanguage.h"
+#include "core/engine/CustomFunctions.h"
 #include "core/engine/Evaluator.h"
 #include "core/engine/FunctionTable.h"
 
@@ -41,6 +42,7 @@ public:
     explicit Calculator(Surroundings outside = {});
 
     WorkspaceValues values;
+    CustomFunctions customFunctions;
 
     CalculatorOptions Options() const { return surroundings.options(); }
 
@@ -56,7 +58,7 @@ public:
     /// The same for who does not show the processed text.
     Value EvaluateExpression(const QString& text);
 
-    /// The strict road: one expression of numbers and functions.
+    /// The strict road: one expression of numbers and functions, the user's own included.
     double Eval(const QString& text, bool& ok) const;
 
     /// A line of the date and time language. Names that are none of its words stand for variables, constants and the
@@ -65,6 +67,9 @@ public:
 
     /// The text with `ANS` replaced by the last numeric answer.
     QString ReplaceANS(const QString& text) const;
+
+    /// The text with all calls of custom functions replaced; see CustomFunctions.h.
+    bool ExpandCustomFunctions(const QString& text, QString& expanded, QString& errorText) const;
 
     /// The text with all variables replaced by their values.
     QString ReplaceVariables(const QString& text) const;
@@ -77,7 +82,10 @@ public:
     /// `HEX(255)` does, serves for this one text.
     QString FormatAnswer(double value);
 
-    /// Whether no variable can have this name.
+    /// For who uses a value without showing it: the base that its evaluation asked for serves no other.
+    void ForgetOneTimeOutputBase() { oneTimeOutputBase = 0; }
+
+    /// Whether no variable can have this name: the language has it, or a custom function.
     bool IsReservedVariableName(const QString& name) const;
 
     /// Takes a line of the form `name = expression` apart and evaluates it; nothing is stored.

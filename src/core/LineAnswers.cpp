@@ -1,6 +1,10 @@
 #include "core/LineAnswers.h"
 
 #include "core/CommandText.h"
+#include "core/engine/Fractions.h"
+#include "core/engine/ReservedNames.h"
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -114,6 +118,34 @@ std::optional<Submission> SubmitAssignment(Calculator& calculator, const QString
     calculator.values.variables.insert(key, value);
     const QString assigned = key + u" = "_s + calculator.FormatAnswer(value);
     return LineWithStatus(assigned, true, assigned);
+}
+
+std::optional<Submission> SubmitCustomFunctionCommand(Calculator& calculator, const QString& line, bool& changed)
+{
+    const CustomFunctionSurroundings around = {
+        [](const QString& name) { return IsReservedBuiltInName(name); },
+        [&](const QString& name) { return calculator.values.variables.contains(name); },
+        [&](const QString& expression) {
+            bool ok = false;
+            calculator.Eval(calculator.ReplaceVariables(calculator.ReplaceANS(expression)), ok);
+            return ok;
+        },
+    };
+    return calculator.customFunctions.HandleCustomFunctionCommand(line, around, changed);
+}
+
+std::optional<Submission> SubmitFraction(Calculator& calculator, const QString& line)
+{
+    QString expression;
+    if (!MatchFractionCommand(line, expression))
+        return std::nullopt;
+    const Value value = expression.isEmpty() ? std::nullopt : calculator.EvaluateExpression(expression);
+    calculator.ForgetOneTimeOutputBase();
+    const std::optional<QString> text = value && std::isfinite(*value) ? FractionText(*value) : std::nullopt;
+    if (!text)
+        return CannotSolve(u"Cannot Solve"_s);
+    calculator.values.lastAnswer = *value;
+    return LineWithStatus(*text, true, u"Value = "_s + text->first(std::max<qsizetype>(text->indexOf(u'\n'), 0)));
 }
 
 Submission ListVariables(Calculator& calculator)

@@ -12,6 +12,14 @@ Submission SubmitExpression(Calculator& calculator, const QString& line);
 /// Stores a variable and says so; nothing where the line has not the form of an assignment.
 std::optional<Submission> SubmitAssignment(Calculator& calculator, const QString& line);
 
+/// CREATE FUNCTION, FUNCTIONS and DELETE FUNCTION; nothing where the line is none of them.
+///
+/// @param changed  whether there are other custom functions now
+std::optional<Submission> SubmitCustomFunctionCommand(Calculator& calculator, const QString& line, bool& changed);
+
+/// FRACTION(expression); `ANS` takes the expression's value. Nothing where the line is not this command.
+std::optional<Submission> SubmitFraction(Calculator& calculator, const QString& line);
+
 /// The list of all variables.
 Submission ListVariables(Calculator& calculator);
 

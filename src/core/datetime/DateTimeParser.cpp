@@ -52,7 +52,7 @@ std::optional<qint64> TotalSeconds(qint64 hours, int minutes, int seconds)
 {
     qint64 total = 0;
     if (minutes > 59 || seconds > 59 || qMulOverflow(hours, qint64(3600), &total) ||
-        qAddOverflow(total, qint64(minutes * 60 + seconds), &total))
+        qAddOverflow(total, qint64(minutes) * 60 + seconds, &total))
         return std::nullopt;
     return total;
 }

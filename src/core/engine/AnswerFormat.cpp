@@ -85,7 +85,7 @@ void TrimDecimals(QString& text, qsizetype required)
         text.chop(1);
 }
 
-QString IntegerText(QString text, const IntegerPattern& pattern)
+QString IntegerText(const QString& text, const IntegerPattern& pattern)
 {
     QString digits = text;
     digits.remove(u',');

@@ -1,5 +1,6 @@
 #include "core/engine/ProgrammerMath.h"
 
+#include "core/engine/Brackets.h"
 #include "core/engine/Characters.h"
 #include "core/engine/NumberText.h"
 
@@ -119,19 +120,6 @@ constexpr FunctionRow functions[] = {
     {QLatin1StringView("RSHIFT"), 2, 2, ShiftRight},
 };
 // clang-format on
-
-// The index of the bracket that closes the one at `open`, or -1.
-qsizetype ClosingBracket(QStringView text, qsizetype open)
-{
-    qsizetype depth = 0;
-    for (qsizetype i = open; i < text.size(); ++i) {
-        if (text[i] == u'(')
-            ++depth;
-        else if (text[i] == u')' && --depth == 0)
-            return i;
-    }
-    return -1;
-}
 
 } // namespace
 

@@ -172,7 +172,7 @@ QString ExpandUnitConversions(const QString& text)
 {
     if (FindTo(text, 0) < 0)
         return text;
-    const QString failure = u"()"_s;
+    QString failure = u"()"_s;
     if (HasChain(text))
         return failure;
     // Each round reads from the start: a replacement can shorten the names beside a TO that stood as it was.

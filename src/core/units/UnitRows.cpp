@@ -48,7 +48,7 @@ constexpr UnitRow length[] = { // base: metre
     {u"MI",      1609.344,          u"MILE, MILES, STATUTE MILE, STATUTE MILES"},                 // HB 44: 5280 ft
     {u"NMI",     1852,              u"NAUTICAL MILE, NAUTICAL MILES, NMILE, NMILES"},  // SP 811
     {u"AU",      149597870700,      u"ASTRONOMICAL UNIT, ASTRONOMICAL UNITS"},         // IAU, SI
-    {u"LY",      9460730472580800,  u"LIGHT YEAR, LIGHT YEARS, LIGHTYEAR, LIGHTYEARS"}, // 299792458 m/s for 365.25 d
+    {u"LY",      9460730472580800.0, u"LIGHT YEAR, LIGHT YEARS, LIGHTYEAR, LIGHTYEARS"}, // 299792458 m/s for 365.25 d
     {u"PC",      149597870700.0 * 648000 / pi, u"PARSEC, PARSECS"},                    // IAU
 };
 

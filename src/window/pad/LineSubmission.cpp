@@ -26,6 +26,8 @@ struct LineSubmission::Try {
 const LineSubmission::Try LineSubmission::tries[] = {
     {Try::Offered::Always, {}, &LineSubmission::TryEquationBlock},
     {Try::Offered::ForCommand, {u"MENU"}, &LineSubmission::TryMenuOption},
+    {Try::Offered::Always, {}, &LineSubmission::TryCustomFunctionCommand},
+    {Try::Offered::Always, {}, &LineSubmission::TryFraction},
     {Try::Offered::ForWord, {u"CLR", u"CLS", u"CLEAR"}, &LineSubmission::TryClear},
     {Try::Offered::ForWord, {u"CLEAR VARIABLES"}, &LineSubmission::TryClearVariables},
     {Try::Offered::ForWord, {u"VARS", u"VARIABLES"}, &LineSubmission::TryListVariables},
@@ -133,6 +135,17 @@ std::optional<Submission> LineSubmission::TryEquationBlock(const Line& line)
 std::optional<Submission> LineSubmission::TryMenuOption(const Line& line)
 {
     return commands.SetMenuOption(line.rest);
+}
+
+std::optional<Submission> LineSubmission::TryCustomFunctionCommand(const Line& line)
+{
+    bool changed = false;
+    return SubmitCustomFunctionCommand(calculator, line.text, changed);
+}
+
+std::optional<Submission> LineSubmission::TryFraction(const Line& line)
+{
+    return SubmitFraction(calculator, line.text);
 }
 
 std::optional<Submission> LineSubmission::TryClear(const Line&)

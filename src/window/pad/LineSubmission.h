@@ -51,6 +51,8 @@ private:
 
     std::optional<Submission> TryEquationBlock(const Line& line);
     std::optional<Submission> TryMenuOption(const Line& line);
+    std::optional<Submission> TryCustomFunctionCommand(const Line& line);
+    std::optional<Submission> TryFraction(const Line& line);
     std::optional<Submission> TryClear(const Line& line);
     std::optional<Submission> TryClearVariables(const Line& line);
     std::optional<Submission> TryListVariables(const Line& line);

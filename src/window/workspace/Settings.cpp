@@ -1,6 +1,7 @@
 #include "window/workspace/Settings.h"
 
 #include "core/Calculator.h"
+#include "core/engine/ReservedNames.h"
 #include "window/MainWindow.h"
 #include "window/workspace/DataDirectory.h"
 
@@ -67,7 +68,7 @@ QString SettingsPath()
 
 void LoadWorkspaceSettings(MainWindow& window, Ui::MainWindow& form, Calculator& calculator)
 {
-    const QSettings settings(SettingsPath(), QSettings::IniFormat);
+    QSettings settings(SettingsPath(), QSettings::IniFormat);
     if (settings.contains(u"Font"_s))
         form.Text1->setFont(settings.value(u"Font"_s).value<QFont>());
     if (settings.contains(u"Format"_s))
@@ -78,6 +79,7 @@ void LoadWorkspaceSettings(MainWindow& window, Ui::MainWindow& form, Calculator&
     }
     if (settings.contains(u"OutputBase"_s))
         LoadOutputBase(form, settings.value(u"OutputBase"_s).toString().trimmed().toUpper());
+    calculator.customFunctions.LoadCustomFunctions(settings, IsReservedBuiltInName);
     if (settings.contains(u"TopMost"_s))
         ApplyTopMostState(window, settings.value(u"TopMost"_s).toBool());
     if (settings.contains(u"WindowGeometry"_s))
@@ -92,6 +94,7 @@ void SaveWorkspaceSettings(const MainWindow& window, const Ui::MainWindow& form,
     for (const OptionKey& option : optionKeys)
         settings.setValue(option.key, (form.*option.action)->isChecked());
     settings.setValue(u"OutputBase"_s, SavedOutputBase(form));
+    calculator.customFunctions.SaveCustomFunctions(settings);
     settings.setValue(u"TopMost"_s, window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     settings.setValue(u"WindowGeometry"_s, window.saveGeometry());
     settings.sync();
