@@ -4,6 +4,7 @@
 #include "core/LineAnswers.h"
 #include "window/pad/LineSubmission.h"
 #include "window/pad/Pad.h"
+#include "window/pad/PadActivity.h"
 #include "window/pad/PadCommands.h"
 #include "window/workspace/CalculationLog.h"
 #include "window/workspace/DataDirectory.h"
@@ -60,6 +61,7 @@ struct MainWindow::Rooms {
     {
     }
 
+    PadActivity activity;
     Calculator calculator;
     Pad pad;
     PadCommands commands;
