@@ -10,7 +10,7 @@
 
 /// How answers are shown.
 struct AnswerStyle {
-    QStringView pattern; // empty: fifteen significant digits
+    QString pattern;     // empty: fifteen significant digits
     int outputBase = 10; // 2, 8, 10 or 16; values without an integer form are shown as in base 10
 };
 

@@ -22,6 +22,20 @@ double ArgumentOrZero(Arguments arguments, size_t index)
     return index < arguments.size() ? arguments[index] : 0;
 }
 
+// What one unit gains over the periods, (1 + rate)^periods - 1, without the digits that the subtraction would cancel.
+double Gain(double rate, double periods)
+{
+    return std::expm1(periods * std::log1p(rate));
+}
+
+// What one unit grows to over the periods, (1 + rate)^periods. A rounding of 1 + rate would count once a period, so
+// that the power is taken only where there is none.
+double Growth(double rate, double periods)
+{
+    const double base = 1 + rate;
+    return base - 1 == rate ? std::pow(base, periods) : 1 + Gain(rate, periods);
+}
+
 Value FutureValue(Arguments arguments)
 {
     const double rate = arguments[0];
@@ -41,8 +55,8 @@ Value PresentValue(Arguments arguments)
         return std::nullopt;
     if (IsZeroRate(rate))
         return futureValue - payment * periods;
-    const double growth = std::pow(1 + rate, periods);
-    return (futureValue - payment * (growth - 1) / rate) / growth;
+    const double growth = Growth(rate, periods);
+    return (futureValue - payment * Gain(rate, periods) / rate) / growth;
 }
 
 Value Payment(Arguments arguments)
@@ -120,7 +134,7 @@ Value CompoundAmount(Arguments arguments)
     const double years = arguments[3];
     if (!(compoundsPerYear > 0) || !(years >= 0) || !(1 + annualRate / compoundsPerYear > 0))
         return std::nullopt;
-    return principal * std::pow(1 + annualRate / compoundsPerYear, compoundsPerYear * years);
+    return principal * Growth(annualRate / compoundsPerYear, compoundsPerYear * years);
 }
 
 Value EffectiveYield(Arguments arguments)
@@ -129,7 +143,7 @@ Value EffectiveYield(Arguments arguments)
     const double compoundsPerYear = arguments[1];
     if (!(compoundsPerYear > 0) || !(1 + nominalRate / compoundsPerYear > 0))
         return std::nullopt;
-    return std::pow(1 + nominalRate / compoundsPerYear, compoundsPerYear) - 1;
+    return Gain(nominalRate / compoundsPerYear, compoundsPerYear);
 }
 
 Value NominalRate(Arguments arguments)
@@ -138,7 +152,7 @@ Value NominalRate(Arguments arguments)
     const double compoundsPerYear = arguments[1];
     if (!(compoundsPerYear > 0) || !(1 + effectiveYield > 0))
         return std::nullopt;
-    return compoundsPerYear * (std::pow(1 + effectiveYield, 1 / compoundsPerYear) - 1);
+    return compoundsPerYear * Gain(effectiveYield, 1 / compoundsPerYear);
 }
 
 Value PresentValueOfFlows(Arguments arguments)
@@ -336,18 +350,19 @@ Value LoanPayment(double rate, double periods, double presentValue, double futur
         return FiniteOrNothing((presentValue - futureValue) / periods);
     if (!(rate > -1))
         return std::nullopt;
-    const double growth = std::pow(1 + rate, periods);
-    if (!std::isfinite(growth) || std::fabs(growth - 1) < 1e-15)
+    const double growth = Growth(rate, periods);
+    const double gain = Gain(rate, periods);
+    if (!std::isfinite(growth) || std::fabs(gain) < 1e-15)
         return std::nullopt;
-    return FiniteOrNothing((presentValue * growth - futureValue) * rate / (growth - 1));
+    return FiniteOrNothing((presentValue * growth - futureValue) * rate / gain);
 }
 
 double ValueAfterPayments(double rate, double periods, double presentValue, double payment)
 {
     if (IsZeroRate(rate))
         return presentValue + payment * periods;
-    const double growth = std::pow(1 + rate, periods);
-    return presentValue * growth + payment * (growth - 1) / rate;
+    const double growth = Growth(rate, periods);
+    return presentValue * growth + payment * Gain(rate, periods) / rate;
 }
 
 Value LoanPeriods(double rate, double payment, double presentValue, double futureValue)
@@ -359,7 +374,8 @@ Value LoanPeriods(double rate, double payment, double presentValue, double futur
     const double perpetuity = payment / rate; // what the payment keeps paying interest on for ever
     if (!(perpetuity - futureValue > 0) || !(perpetuity - presentValue > 0))
         return std::nullopt;
-    const double periods = std::log((perpetuity - futureValue) / (perpetuity - presentValue)) / std::log(1 + rate);
+    const double repaid = (presentValue - futureValue) / (perpetuity - presentValue);
+    const double periods = std::log1p(repaid) / std::log1p(rate);
     return periods >= 0 ? FiniteOrNothing(periods) : std::nullopt;
 }
 

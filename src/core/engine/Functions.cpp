@@ -14,12 +14,8 @@ using FunctionIndex = std::unordered_map<std::string_view, const FunctionRow*>;
 
 FunctionIndex BuildIndex()
 {
-    // Who is asked first. The first library that has a name owns it, whatever it makes of the call.
-    const FunctionLibrary libraries[] = {
-        FinancialFunctions(), StatisticsFunctions(), GDTFunctions(), ProgrammerMath::Functions(), MathFunctions(),
-    };
     FunctionIndex index;
-    for (const FunctionLibrary library : libraries) {
+    for (const FunctionLibrary library : FunctionLibraries()) {
         for (const FunctionRow& row : library)
             index.try_emplace(std::string_view(row.name.data(), static_cast<size_t>(row.name.size())), &row);
     }
@@ -27,6 +23,14 @@ FunctionIndex BuildIndex()
 }
 
 } // namespace
+
+std::span<const FunctionLibrary> FunctionLibraries()
+{
+    static const FunctionLibrary libraries[] = {
+        FinancialFunctions(), StatisticsFunctions(), GDTFunctions(), ProgrammerMath::Functions(), MathFunctions(),
+    };
+    return libraries;
+}
 
 const FunctionRow* FindFunction(std::string_view upperName)
 {

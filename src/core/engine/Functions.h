@@ -5,10 +5,13 @@
 
 #include <string_view>
 
+/// The libraries in the order in which they are asked: the first that has a name owns it, whatever it makes of a call.
+std::span<const FunctionLibrary> FunctionLibraries();
+
 /// No function's name is longer, in characters.
 constexpr size_t longestName = 32;
 
-/// The row of a function, or null where no library has the name. Where two libraries have it, the earlier one owns it.
+/// The row of a function, or null where no library has the name.
 ///
 /// @param upperName  upper case, ASCII
 const FunctionRow* FindFunction(std::string_view upperName);

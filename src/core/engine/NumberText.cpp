@@ -2,9 +2,11 @@
 
 #include "core/engine/Characters.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <string_view>
 
 namespace {
 
@@ -58,6 +60,21 @@ std::optional<double> ShortLiteralValue(QStringView literal)
     if (digits == 0 || decimals > largestExactPower)
         return std::nullopt;
     return static_cast<double>(mantissa) / powersOfTen[static_cast<size_t>(decimals)];
+}
+
+// Whether the value may lie just between two texts of this many digits. The toolkit rounds such a one up in magnitude,
+// the standard library to the even digit.
+//
+// A value just between has one digit more and a 5 there, and below 17 digits no shorter text reads back as it.
+bool MayBeTie(double value, int precision)
+{
+    std::array<char, 32> text;
+    const auto [end, error] =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific);
+    const std::string_view shortest(text.data(), static_cast<size_t>(end - text.data()));
+    const std::string_view mantissa = shortest.substr(0, shortest.find('e'));
+    const auto digits = std::count_if(mantissa.begin(), mantissa.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return error != std::errc() || precision >= 17 || (digits == precision + 1 && mantissa.back() == '5');
 }
 
 std::optional<double> ToolkitValue(QStringView literal)
@@ -118,7 +135,7 @@ QString GeneralText(double value, int precision)
 {
     if (value == 0)
         return QStringLiteral("0"); // no sign on a zero
-    if (!std::isfinite(value))
+    if (!std::isfinite(value) || MayBeTie(value, precision))
         return QString::number(value, 'g', precision);
     std::array<char, 32> text;
     const auto [end, error] =

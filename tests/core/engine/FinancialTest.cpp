@@ -28,6 +28,8 @@ void FinancialTest::Calls_data()
     QTest::newRow("payment to a balloon")              << "PMT 0.01 60 20000 5000"        << 383.66671527352666474;
     QTest::newRow("payment at a negative rate")        << "PMT -0.01 12 1200"             << 93.619737276691262476;
     QTest::newRow("payment at a tiny rate")            << "PMT 1e-6 12 1200"              << 100.00065000119166607;
+    QTest::newRow("payment at next to no rate")        << "PMT 1e-12 12 1200"             << 100.0000000000650000000;
+    QTest::newRow("many periods at a tiny rate")       << "NPER 1e-9 1 1000"              << 1000.0005005003335834;
     QTest::newRow("without interest")                  << "FV 0 10 80 2; PV 9e-16 10 150 5; PMT 0 10 1000; PMT 0 10 1400 400; NPER 0 5 500; BALANCE 0 10 1000 9" << 100.0;
     QTest::newRow("number of payments")                << "NPER 0.005 600 25000"          << 46.839680564951384949;
     QTest::newRow("number of payments to a balloon")   << "NPER 0.01 500 20000 5000"      << 40.74890715609405773;
