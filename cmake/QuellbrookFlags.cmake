@@ -21,3 +21,7 @@ if(QUELLBROOK_SANITIZERS)
         -fsanitize=${QUELLBROOK_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(quellbrook_flags INTERFACE -fsanitize=${QUELLBROOK_SANITIZERS})
 endif()
+
+if(QUELLBROOK_BUILD_FUZZERS)
+    target_compile_options(quellbrook_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()

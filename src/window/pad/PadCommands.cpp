@@ -163,9 +163,9 @@ Submission PadCommands::SetFontSize(const QString& rest)
 
 Submission PadCommands::SetMenuOption(const QString& rest)
 {
-    const QString words = rest.toUpper();
+    const QString asked = rest.toUpper();
     const auto option = std::find_if(std::begin(menuOptions), std::end(menuOptions),
-                                     [&](const MenuOption& candidate) { return words == candidate.words; });
+                                     [&](const MenuOption& candidate) { return asked == candidate.words; });
     if (option == std::end(menuOptions)) {
         return LineWithStatus(u"MENU options: WORD OPERATORS, IGNORE TEXT, PREDICTIVE TEXT, SYNTAX HELP, OUTPUT BASE"_s,
                               false, u"Invalid MENU command"_s);
