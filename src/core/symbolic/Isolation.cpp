@@ -16,7 +16,7 @@ namespace {
 using Type = SimplifyNodeType;
 
 constexpr int mostSteps = 50;
-constexpr size_t mostSolutions = 1024; // ten even powers within each other
+constexpr size_t mostEvenPowers = 10; // within each other; each doubles the number of solutions
 
 constexpr QStringView tooManySteps = u"ISOLATE stopped after too many algebra steps.";
 
@@ -106,7 +106,7 @@ private:
     Step TakeStep()
     {
         current = {SimplifyNodeTree(current.expression, true, effort), SimplifyNodeTree(current.target, true, effort)};
-        if (!current.expression || !current.target || solutions.size() + waiting.size() >= mostSolutions)
+        if (!current.expression || !current.target)
             return Fail(tooManySteps);
         const SimplifyNode& expression = *current.expression;
         if (expression.type == Type::Variable && expression.text.compare(variable, Qt::CaseInsensitive) == 0) {
@@ -180,6 +180,8 @@ private:
         const NodePointer root = RootOf(current.target, degree);
         if (std::fmod(degree, 2) != 0)
             return Onward(power.left, root);
+        if (waiting.size() >= mostEvenPowers)
+            return Fail(tooManySteps);
         waiting.push_back({power.left, MakeUnary(Type::Negate, root)});
         waiting.push_back({power.left, root});
         return Step::BranchEnds;

@@ -113,32 +113,31 @@ NodePointer SimplifySum(const NodePointer& node)
 bool RunningSum::Merge(const std::vector<SimplifyTerm>& terms)
 {
     std::vector<Item*> added;
-    std::vector<Item*> merged;
+    std::vector<Item*> changed;
     for (const SimplifyTerm& term : terms) {
         const auto [place, isNew] = entries.try_emplace(term.node, Place{term.coefficient});
         if (isNew) {
             added.push_back(&*place);
             continue;
         }
-        merged.push_back(&*place);
         place->second.coefficient += term.coefficient;
+        if (!place->second.isNew)
+            changed.push_back(&*place);
     }
-    MoveChanged(merged);
-    const bool appended = PlaceNew(added) && merged.empty();
-    DropZeros(merged);
+    MoveChanged(changed);
+    const bool inOrder = PlaceNew(added);
+    DropZeros(changed);
     DropZeros(added);
-    return appended;
+    return inOrder && added.size() == terms.size();
 }
 
 // Who became positive follows the positive ones, in the order of the negative ones that it leaves; who became negative
 // comes before the negative ones.
-void RunningSum::MoveChanged(const std::vector<Item*>& merged)
+void RunningSum::MoveChanged(const std::vector<Item*>& changed)
 {
     std::vector<Item*> risen;
     std::vector<Item*> fallen;
-    for (Item* item : merged) {
-        if (item->second.isNew)
-            continue;
+    for (Item* item : changed) {
         Settle(*item);
         const bool isNegative = item->second.coefficient < 0;
         if (isNegative != std::exchange(item->second.wasNegative, isNegative))
@@ -188,7 +187,7 @@ void RunningSum::DropZeros(const std::vector<Item*>& touched)
     for (const NodePointer& node : zeros) {
         const auto zero = entries.find(node);
         if (zero == entries.end())
-            continue; // merged twice in this step
+            continue; // it came twice in this step
         negatives -= zero->second.wasNegative;
         entries.erase(zero);
     }

@@ -69,7 +69,7 @@ private:
     using Entries = std::unordered_map<NodePointer, Place, KeyHash, KeyEqual>;
     using Item = Entries::value_type;
 
-    void MoveChanged(const std::vector<Item*>& merged);
+    void MoveChanged(const std::vector<Item*>& changed);
     bool PlaceNew(const std::vector<Item*>& added);
     void Settle(Item& item);
     void DropZeros(const std::vector<Item*>& touched);

@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QVarLengthArray>
 
+#include <array>
+#include <charconv>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -153,14 +155,15 @@ NodePointer WithOperands(const NodePointer& node, const NodePointer& left, const
 
 QString SymbolicNumberText(double number)
 {
-    constexpr double largestShort = 1e15; // beyond, an integer type is no shorter road to the digits
     if (IsZero(number))
         return u"0"_s;
     const double rounded = std::round(number);
     if (!(std::abs(number - rounded) < symbolicTolerance))
         return GeneralText(number, 15);
-    return std::abs(rounded) < largestShort ? QString::number(static_cast<qint64>(rounded))
-                                            : QString::number(rounded, 'f', 0);
+    std::array<char, std::numeric_limits<double>::max_exponent10 + 2> digits;
+    const auto [end, error] =
+        std::to_chars(digits.data(), digits.data() + digits.size(), rounded, std::chars_format::fixed, 0);
+    return error == std::errc() ? QString::fromLatin1(digits.data(), end - digits.data()) : GeneralText(number, 15);
 }
 
 QString NodeKey(const NodePointer& root)

@@ -289,7 +289,7 @@ private:
         if (frame.left.sum)
             return frame.left.sum->written == frame.node->left;
         const NodePointer& left = frame.left.node;
-        return left == frame.node->left && (IsWrittenTerm(left) || IsSettled(left));
+        return left == frame.node->left && (IsSum(left) ? IsSettled(left) : IsWrittenTerm(left));
     }
 
     template <typename Running>
@@ -358,7 +358,9 @@ private:
         if (frame.left.product)
             return frame.left.product->written == frame.node->left;
         const NodePointer& left = frame.left.node;
-        return left == frame.node->left && (!IsOfType(left, Type::Multiply) || IsSettled(left));
+        if (left != frame.node->left || !IsOfType(left, Type::Multiply))
+            return left == frame.node->left;
+        return IsSettled(left) && IsSum(left->left) == IsSum(left->right); // a kept product may be in any order
     }
 
     void ApplyToDivide(const Frame& frame)

@@ -18,7 +18,7 @@ public:
     }
 
 private:
-    size_t left = 10'000'000; // one to two seconds
+    size_t left = 5'000'000; // a few seconds at most
 };
 
 /// The simplified tree.
