@@ -21,7 +21,7 @@ bool IsReadBack(const NodePointer& base)
 
 } // namespace
 
-void CollectFactors(const NodePointer& root, std::vector<NodePointer>& factors)
+void CollectProductFactors(const NodePointer& root, std::vector<NodePointer>& factors)
 {
     std::vector<const NodePointer*> waiting = {&root};
     while (!waiting.empty()) {
@@ -39,7 +39,7 @@ void CollectFactors(const NodePointer& root, std::vector<NodePointer>& factors)
 NodePointer SimplifyProduct(const NodePointer& node)
 {
     std::vector<NodePointer> factors;
-    CollectFactors(node, factors);
+    CollectProductFactors(node, factors);
     RunningProduct product;
     product.Merge(factors);
     return product.ToNode();

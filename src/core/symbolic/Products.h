@@ -9,7 +9,7 @@
 #include <vector>
 
 /// The factors of nested products, left before right, as they stand.
-void CollectFactors(const NodePointer& node, std::vector<NodePointer>& factors);
+void CollectProductFactors(const NodePointer& node, std::vector<NodePointer>& factors);
 
 /// The product with its like factors merged and in order. Its factors are taken as they stand.
 NodePointer SimplifyProduct(const NodePointer& node);

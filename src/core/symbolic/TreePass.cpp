@@ -3,7 +3,6 @@
 #include "core/symbolic/Products.h"
 #include "core/symbolic/Sums.h"
 
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -338,9 +337,9 @@ private:
         std::unique_ptr<RunningProduct> product = std::move(frame.left.product);
         if (!product) {
             product = std::make_unique<RunningProduct>();
-            CollectFactors(frame.left.node, factors);
+            CollectProductFactors(frame.left.node, factors);
         }
-        CollectFactors(frame.right, factors);
+        CollectProductFactors(frame.right, factors);
         Spend(factors.size());
         const bool appended = product->Merge(factors);
         KeepWritten(frame, *product, isWritten && appended);
