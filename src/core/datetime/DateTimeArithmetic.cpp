@@ -59,52 +59,52 @@ Seconds SecondsBeside(Operand time, double number)
 
 DateTimeValue AddNumbers(Operand left, Operand right)
 {
-    return MakeNumber(left.number + right.number);
+    return MakeNumberValue(left.number + right.number);
 }
 
 DateTimeValue SubtractNumbers(Operand left, Operand right)
 {
-    return MakeNumber(left.number - right.number);
+    return MakeNumberValue(left.number - right.number);
 }
 
 DateTimeValue MultiplyNumbers(Operand left, Operand right)
 {
-    return MakeNumber(left.number * right.number);
+    return MakeNumberValue(left.number * right.number);
 }
 
 DateTimeValue DivideNumbers(Operand left, Operand right)
 {
-    return right.number == 0 ? DateTimeValue() : MakeNumber(left.number / right.number);
+    return right.number == 0 ? DateTimeValue() : MakeNumberValue(left.number / right.number);
 }
 
 // A duration beside either kind of time; the kind is the left one's.
 DateTimeValue AddDuration(Operand time, Operand duration)
 {
-    return MakeTime(time.kind, Sum(time.seconds, duration.seconds), time.showSeconds || duration.showSeconds);
+    return MakeTimeValue(time.kind, Sum(time.seconds, duration.seconds), time.showSeconds || duration.showSeconds);
 }
 
 DateTimeValue AddNumberToTime(Operand time, Operand number)
 {
-    const DateTimeValue added = MakeTime(Kind::Duration, SecondsBeside(time, number.number), false);
+    const DateTimeValue added = MakeTimeValue(Kind::Duration, SecondsBeside(time, number.number), false);
     return added.IsValid() ? AddDuration(time, added) : DateTimeValue();
 }
 
 DateTimeValue SubtractTimes(Operand left, Operand right)
 {
     const Kind kind = right.kind == Kind::ClockTime ? Kind::Duration : left.kind;
-    return MakeTime(kind, Difference(left.seconds, right.seconds), left.showSeconds || right.showSeconds);
+    return MakeTimeValue(kind, Difference(left.seconds, right.seconds), left.showSeconds || right.showSeconds);
 }
 
 DateTimeValue SubtractDurationFromNumber(Operand number, Operand duration)
 {
-    const DateTimeValue left = MakeTime(Kind::Duration, SecondsBeside(duration, number.number), false);
+    const DateTimeValue left = MakeTimeValue(Kind::Duration, SecondsBeside(duration, number.number), false);
     return left.IsValid() ? SubtractTimes(left, duration) : DateTimeValue();
 }
 
 DateTimeValue MultiplyDuration(Operand duration, Operand number)
 {
     const double seconds = static_cast<double>(duration.seconds) * number.number;
-    return MakeTime(Kind::Duration, Rounded(seconds), duration.showSeconds);
+    return MakeTimeValue(Kind::Duration, Rounded(seconds), duration.showSeconds);
 }
 
 DateTimeValue DivideDuration(Operand duration, Operand number)
@@ -112,7 +112,7 @@ DateTimeValue DivideDuration(Operand duration, Operand number)
     if (number.number == 0)
         return {};
     const double seconds = static_cast<double>(duration.seconds) / number.number;
-    return MakeTime(Kind::Duration, Rounded(seconds), duration.showSeconds);
+    return MakeTimeValue(Kind::Duration, Rounded(seconds), duration.showSeconds);
 }
 
 DateTimeValue AddDays(Operand calendar, Operand number)
@@ -122,8 +122,9 @@ DateTimeValue AddDays(Operand calendar, Operand number)
         return {};
     const QDate date = GetCalendarDate(calendar).addDays(*days);
     if (calendar.kind == Kind::Date)
-        return MakeDate(date);
-    return IsNearEnough(date) ? MakeStamp(calendar.dateTime.addDays(*days), calendar.showSeconds) : DateTimeValue();
+        return MakeDateValue(date);
+    return IsNearEnough(date) ? MakeStampValue(calendar.dateTime.addDays(*days), calendar.showSeconds)
+                              : DateTimeValue();
 }
 
 DateTimeValue AddElapsed(Operand calendar, Operand duration)
@@ -133,12 +134,12 @@ DateTimeValue AddElapsed(Operand calendar, Operand duration)
     constexpr qint64 farthest = farthestDay * secondsPerDay;
     if (!end || *end < -farthest || *end > farthest)
         return {};
-    return MakeStamp(start.addSecs(duration.seconds), calendar.showSeconds || duration.showSeconds);
+    return MakeStampValue(start.addSecs(duration.seconds), calendar.showSeconds || duration.showSeconds);
 }
 
 DateTimeValue DaysBetween(Operand left, Operand right)
 {
-    return MakeNumber(static_cast<double>(right.date.daysTo(left.date)));
+    return MakeNumberValue(static_cast<double>(right.date.daysTo(left.date)));
 }
 
 DateTimeValue ElapsedBetween(Operand left, Operand right)
@@ -147,7 +148,7 @@ DateTimeValue ElapsedBetween(Operand left, Operand right)
     const QDateTime start = Moment(right);
     if (!end.isValid() || !start.isValid())
         return {};
-    return MakeTime(Kind::Duration, start.secsTo(end), left.showSeconds || right.showSeconds);
+    return MakeTimeValue(Kind::Duration, start.secsTo(end), left.showSeconds || right.showSeconds);
 }
 
 template <auto operation>
@@ -227,8 +228,8 @@ DateTimeValue CombineValues(DateTimeOperator operation, const DateTimeValue& lef
 DateTimeValue NegateValue(const DateTimeValue& value)
 {
     if (value.kind == Kind::Number)
-        return MakeNumber(-value.number);
+        return MakeNumberValue(-value.number);
     if (value.kind == Kind::Duration)
-        return MakeTime(Kind::Duration, Difference(0, value.seconds), value.showSeconds);
+        return MakeTimeValue(Kind::Duration, Difference(0, value.seconds), value.showSeconds);
     return {};
 }

@@ -16,12 +16,12 @@ using Sources = DateTimeSources&;
 
 DateTimeValue Today(DateTimeArguments, Sources sources)
 {
-    return MakeDate(sources.Now().date());
+    return MakeDateValue(sources.Now().date());
 }
 
 DateTimeValue Now(DateTimeArguments, Sources sources)
 {
-    return MakeStamp(sources.Now(), true);
+    return MakeStampValue(sources.Now(), true);
 }
 
 // The text is read as a line of its own, in which ANS is a plain number: an answer cannot refer to itself.
@@ -44,26 +44,26 @@ DateTimeValue Days(DateTimeArguments arguments, Sources)
     const QDate second = GetCalendarDate(arguments[1]);
     if (!first.isValid() || !second.isValid())
         return {};
-    return MakeNumber(static_cast<double>(first.daysTo(second)));
+    return MakeNumberValue(static_cast<double>(first.daysTo(second)));
 }
 
 DateTimeValue Age(DateTimeArguments arguments, Sources sources)
 {
     const std::optional<QString> age = AgeText(GetCalendarDate(arguments[0]), sources.Now().date());
-    return age ? MakeText(*age) : DateTimeValue();
+    return age ? MakeTextValue(*age) : DateTimeValue();
 }
 
 DateTimeValue Weekday(DateTimeArguments arguments, Sources)
 {
     const QDate date = GetCalendarDate(arguments[0]);
-    return date.isValid() ? MakeText(QLocale::c().toString(date, u"dddd")) : DateTimeValue();
+    return date.isValid() ? MakeTextValue(QLocale::c().toString(date, u"dddd")) : DateTimeValue();
 }
 
 template <int (QDate::*field)() const>
 DateTimeValue DateField(DateTimeArguments arguments, Sources)
 {
     const QDate date = GetCalendarDate(arguments[0]);
-    return date.isValid() ? MakeNumber((date.*field)()) : DateTimeValue();
+    return date.isValid() ? MakeNumberValue((date.*field)()) : DateTimeValue();
 }
 
 // The seconds that a value's hour, minute and second are fields of.
@@ -86,7 +86,7 @@ template <quint64 unit, quint64 limit>
 DateTimeValue TimeField(DateTimeArguments arguments, Sources)
 {
     const std::optional<quint64> seconds = FieldSeconds(arguments[0]);
-    return seconds ? MakeNumber(static_cast<double>(*seconds / unit % limit)) : DateTimeValue();
+    return seconds ? MakeNumberValue(static_cast<double>(*seconds / unit % limit)) : DateTimeValue();
 }
 
 constexpr quint64 noLimit = std::numeric_limits<quint64>::max();
@@ -140,7 +140,7 @@ const DateTimeWord* FindDateTimeWord(QStringView name)
 DateTimeValue ResolveNumber(const QString& name, DateTimeSources& sources)
 {
     const std::optional<double> number = sources.resolver ? sources.resolver(name) : std::nullopt;
-    return number ? MakeNumber(*number) : DateTimeValue();
+    return number ? MakeNumberValue(*number) : DateTimeValue();
 }
 
 std::optional<QString> AgeText(QDate birth, QDate today)

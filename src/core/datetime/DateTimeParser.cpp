@@ -70,12 +70,12 @@ DateTimeValue ParseDateLiteral(QStringView literal)
     const auto field = [&](int group) { return match.capturedView(group).toInt(); };
     const QDate date(field(3), field(1), field(2));
     if (!match.hasCaptured(7))
-        return MakeDate(date);
+        return MakeDateValue(date);
     const std::optional<int> hour = HourOfDay(field(4), IsAfternoon(match.capturedView(7)));
     const QTime time = hour ? QTime(*hour, field(5), field(6)) : QTime();
     if (!date.isValid() || !time.isValid())
         return {};
-    return MakeStamp(QDateTime(date, time), match.hasCaptured(6));
+    return MakeStampValue(QDateTime(date, time), match.hasCaptured(6));
 }
 
 // Brackets, calls and signs wait on a stack of their own, so that no depth of nesting costs the thread's stack.
@@ -300,12 +300,12 @@ DateTimeValue DateTimeParser::ParseTime()
     const bool afternoon = ConsumeWord("PM"_L1);
     if (!afternoon && !ConsumeWord("AM"_L1)) {
         position = end;
-        return MakeTime(DateTimeKind::Duration, TotalSeconds(hours, *minutes, *seconds), secondsGiven);
+        return MakeTimeValue(DateTimeKind::Duration, TotalSeconds(hours, *minutes, *seconds), secondsGiven);
     }
     const std::optional<int> hour = HourOfDay(hours, afternoon);
     if (!hour)
         return {};
-    return MakeTime(DateTimeKind::ClockTime, TotalSeconds(*hour, *minutes, *seconds), secondsGiven);
+    return MakeTimeValue(DateTimeKind::ClockTime, TotalSeconds(*hour, *minutes, *seconds), secondsGiven);
 }
 
 DateTimeValue DateTimeParser::ParseNumber()
@@ -321,7 +321,7 @@ DateTimeValue DateTimeParser::ParseNumber()
     }
     bool isNumber = false;
     const double number = text.mid(start, position - start).toDouble(&isNumber);
-    return isNumber ? MakeNumber(number) : DateTimeValue();
+    return isNumber ? MakeNumberValue(number) : DateTimeValue();
 }
 
 void DateTimeParser::SkipSpaces()

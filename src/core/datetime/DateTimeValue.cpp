@@ -1,30 +1,30 @@
 #include "core/datetime/DateTimeValue.h"
 
-DateTimeValue MakeNumber(double number)
+DateTimeValue MakeNumberValue(double number)
 {
     return {.kind = DateTimeKind::Number, .number = number};
 }
 
-DateTimeValue MakeText(const QString& text)
+DateTimeValue MakeTextValue(const QString& text)
 {
     return {.kind = DateTimeKind::Text, .text = text};
 }
 
-DateTimeValue MakeDate(QDate date)
+DateTimeValue MakeDateValue(QDate date)
 {
     if (!date.isValid())
         return {};
     return {.kind = DateTimeKind::Date, .date = date};
 }
 
-DateTimeValue MakeTime(DateTimeKind kind, std::optional<qint64> seconds, bool showSeconds)
+DateTimeValue MakeTimeValue(DateTimeKind kind, std::optional<qint64> seconds, bool showSeconds)
 {
     if (!seconds)
         return {};
     return {.kind = kind, .seconds = *seconds, .showSeconds = showSeconds || *seconds % 60 != 0};
 }
 
-DateTimeValue MakeStamp(const QDateTime& dateTime, bool showSeconds)
+DateTimeValue MakeStampValue(const QDateTime& dateTime, bool showSeconds)
 {
     if (!dateTime.isValid())
         return {};

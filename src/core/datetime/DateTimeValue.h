@@ -23,17 +23,17 @@ struct DateTimeValue {
     bool IsValid() const { return kind != DateTimeKind::Invalid; }
 };
 
-DateTimeValue MakeNumber(double number);
-DateTimeValue MakeText(const QString& text);
+DateTimeValue MakeNumberValue(double number);
+DateTimeValue MakeTextValue(const QString& text);
 
 /// Invalid unless `date` is valid.
-DateTimeValue MakeDate(QDate date);
+DateTimeValue MakeDateValue(QDate date);
 
 /// A Duration or a ClockTime, Invalid without seconds. Shows its seconds also where they make no whole minute.
-DateTimeValue MakeTime(DateTimeKind kind, std::optional<qint64> seconds, bool showSeconds);
+DateTimeValue MakeTimeValue(DateTimeKind kind, std::optional<qint64> seconds, bool showSeconds);
 
 /// Invalid unless `dateTime` is valid. Shows its seconds also where they are not zero.
-DateTimeValue MakeStamp(const QDateTime& dateTime, bool showSeconds);
+DateTimeValue MakeStampValue(const QDateTime& dateTime, bool showSeconds);
 
 /// The date of a Date, the date part of a DateTimeStamp, otherwise an invalid date.
 QDate GetCalendarDate(const DateTimeValue& value);

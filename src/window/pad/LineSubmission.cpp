@@ -2,6 +2,7 @@
 
 #include "core/CommandText.h"
 #include "core/LineAnswers.h"
+#include "core/symbolic/SymbolicCommands.h"
 #include "window/pad/Pad.h"
 
 #include <QLabel>
@@ -39,6 +40,7 @@ const LineSubmission::Try LineSubmission::tries[] = {
     {Try::Offered::ForWord,
      {u"NOT ON TOP", u"NOTONTOP", u"NOT TOPMOST", u"NOT TOP MOST"},
      &LineSubmission::TryNotTopmost},
+    {Try::Offered::Always, {}, &LineSubmission::TrySymbolicCommand},
     {Try::Offered::ForCommand, {u"FONT"}, &LineSubmission::TryFontSize},
     {Try::Offered::ForCommand, {u"FORMAT"}, &LineSubmission::TryFormat},
     {Try::Offered::Always, {}, &LineSubmission::TryAssignment},
@@ -191,6 +193,11 @@ std::optional<Submission> LineSubmission::TryTopmost(const Line&)
 std::optional<Submission> LineSubmission::TryNotTopmost(const Line&)
 {
     return commands.ClearTopmost();
+}
+
+std::optional<Submission> LineSubmission::TrySymbolicCommand(const Line& line)
+{
+    return HandleSymbolicCommand(line.text);
 }
 
 std::optional<Submission> LineSubmission::TryFontSize(const Line& line)

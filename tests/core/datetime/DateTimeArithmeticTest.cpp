@@ -33,12 +33,12 @@ void DateTimeArithmeticTest::KindOfEachPair()
     QFETCH(QString, results);
     const QDate day(2026, 9, 10);
     const QList<DateTimeValue> kinds = {
-        MakeNumber(2),
-        MakeTime(DateTimeKind::Duration, 5400, false),
-        MakeTime(DateTimeKind::ClockTime, 49980, false),
-        MakeDate(day),
-        MakeStamp(day.startOfDay(), false),
-        MakeText(u"Thursday"_s),
+        MakeNumberValue(2),
+        MakeTimeValue(DateTimeKind::Duration, 5400, false),
+        MakeTimeValue(DateTimeKind::ClockTime, 49980, false),
+        MakeDateValue(day),
+        MakeStampValue(day.startOfDay(), false),
+        MakeTextValue(u"Thursday"_s),
         DateTimeValue(),
     };
     const QMap<DateTimeKind, char16_t> letters = {{DateTimeKind::Number, u'N'},        {DateTimeKind::Duration, u'D'},
