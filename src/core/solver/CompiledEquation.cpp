@@ -129,30 +129,43 @@ Value CompiledEquation::Residual(std::span<const double> values) const
     QVarLengthArray<double, 32> stack(depth);
     double* next = stack.data();
     for (const Operation& operation : operations) {
-        switch (operation.code) {
-        case Code::Number:
-            *next++ = operation.number;
-            break;
-        case Code::Unknown: {
-            const double value = values[operation.count];
-            if (!std::isfinite(value))
-                return std::nullopt;
-            *next++ = value + 0.0; // no sign on a zero, as in its text
-            break;
-        }
-        default:
-            if (!Apply(operation, next))
-                return std::nullopt;
-        }
+        if (!Apply(operation, values, next))
+            return std::nullopt;
     }
     return std::isfinite(next[-1]) ? Value(next[-1]) : std::nullopt;
 }
 
-bool CompiledEquation::Apply(const Operation& operation, double*& next) const
+inline bool CompiledEquation::Apply(const Operation& operation, std::span<const double> values, double*& next) const
 {
     switch (operation.code) {
+    case Code::Number:
+        *next++ = operation.number;
+        return true;
+    case Code::Unknown:
+        *next++ = values[operation.count] + 0.0; // no sign on a zero, as in its text
+        return std::isfinite(next[-1]);
     case Code::Negate:
         next[-1] = -next[-1];
+        return true;
+    case Code::Add:
+        --next;
+        next[-1] += next[0];
+        return true;
+    case Code::Subtract:
+        --next;
+        next[-1] -= next[0];
+        return true;
+    case Code::Multiply:
+        --next;
+        next[-1] *= next[0];
+        return true;
+    case Code::Divide:
+        --next;
+        next[-1] /= next[0];
+        return next[0] != 0.0; // NaN is no zero
+    case Code::Power:
+        --next;
+        next[-1] = std::pow(next[-1], next[0]);
         return true;
     case Code::Percent:
         next[-1] /= 100.0;
@@ -162,30 +175,11 @@ bool CompiledEquation::Apply(const Operation& operation, double*& next) const
     case Code::Call:
         return Replace(next, operation.count,
                        CallFunction(*operation.function, {next - operation.count, operation.count}, random));
-    default:
-        break;
     }
-    const double right = *--next;
-    switch (operation.code) {
-    case Code::Add:
-        next[-1] += right;
-        return true;
-    case Code::Subtract:
-        next[-1] -= right;
-        return true;
-    case Code::Multiply:
-        next[-1] *= right;
-        return true;
-    case Code::Divide:
-        next[-1] /= right;
-        return right != 0.0; // NaN is no zero
-    default:
-        next[-1] = std::pow(next[-1], right);
-        return true;
-    }
+    return false;
 }
 
-bool CompiledEquation::Replace(double*& next, size_t count, const Value& value) const
+bool CompiledEquation::Replace(double*& next, size_t count, const Value& value)
 {
     if (!value)
         return false;

@@ -58,8 +58,8 @@ private:
     class Sink;
 
     // Takes operands from the end of the stack, `next` being behind its last value, and puts its value there.
-    bool Apply(const Operation& operation, double*& next) const;
-    bool Replace(double*& next, size_t count, const Value& value) const;
+    bool Apply(const Operation& operation, std::span<const double> values, double*& next) const;
+    static bool Replace(double*& next, size_t count, const Value& value);
 
     std::vector<Operation> operations; // empty: no value anywhere
     qsizetype depth = 0;               // of the value stack

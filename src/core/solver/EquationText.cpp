@@ -167,7 +167,7 @@ bool ParseSingleVariableEquation(const QString& text, QString& left, QString& ri
     CollectUnknowns(right, IsReservedEquationWord, setting.variables, names);
     if (names.size() != 1)
         return false;
-    variable = *names.cbegin();
+    variable = names.values().constFirst();
     return true;
 }
 

@@ -85,7 +85,10 @@ private:
                 high = middle;
             else
                 low = sample;
-            middle = (low.x + high) * 0.5;
+            const double next = (low.x + high) * 0.5;
+            if (next == middle && !equation.DrawsRandomly())
+                break; // no double is left between the two: the other rounds would not move either
+            middle = next;
         }
         return IsBelow(Take(middle).value, acceptedResidual) ? Value(middle) : std::nullopt;
     }
