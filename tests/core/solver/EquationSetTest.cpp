@@ -106,7 +106,7 @@ void EquationSetTest::Solved()
     const EquationAnswer answer = Answer(equations);
     QFETCH(QString, pad);
     const QString text = PadText(answer.submission);
-    QVERIFY2(text.startsWith(pad) && text.isEmpty() == pad.isEmpty(), qPrintable(text));
+    QVERIFY2(text.left(pad.size()) == pad && text.isEmpty() == pad.isEmpty(), qPrintable(text));
     QTEST(*answer.submission.status, "status");
 }
 
