@@ -2,7 +2,10 @@
 
 #include "core/engine/ExpressionReader.h"
 #include "core/solver/EquationText.h"
+#include "core/solver/NamesInText.h"
 
+#include <QHash>
+#include <QSet>
 #include <QVarLengthArray>
 
 #include <algorithm>
@@ -12,31 +15,40 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool HasVariableWithPrefix(const Variables& variables, const QString& prefix)
+constexpr size_t workOfCall = 50; // some functions iterate
+
+// Adds the beginnings of names that a marker could be taken for: an underscore and digits.
+void CollectMarkerLike(const QString& text, QSet<QString>& taken)
 {
-    const auto first = variables.lowerBound(prefix);
-    return first != variables.cend() && first.key().startsWith(prefix);
+    ForEachName(text, [&](qsizetype start, qsizetype size) {
+        const QStringView name = QStringView(text).sliced(start, size);
+        if (name[0] == u'_')
+            taken.insert(
+                name.first(std::find_if_not(name.begin() + 1, name.end(), IsAsciiDigit) - name.begin()).toString());
+    });
 }
 
-// What begins a marker and no other name. Markers hold no letters: no word of the language can be found in them.
-QString MarkerPrefix(const QString& equation, const EquationSetting& setting)
+// Names for the unknowns that stand nowhere in the equation, no variable has, and no word of the language is in.
+QStringList BuildMarkers(const QString& equation, qsizetype count, const EquationSetting& setting)
 {
+    QSet<QString> taken;
+    CollectMarkerLike(equation, taken);
     QString expanded;
-    if (setting.expandCustomFunctions)
-        setting.expandCustomFunctions(equation, expanded);
-    QString prefix = u"__"_s;
-    while (equation.contains(prefix) || expanded.contains(prefix) || HasVariableWithPrefix(setting.variables, prefix))
-        prefix += u'_';
-    return prefix;
+    if (setting.expandCustomFunctions && setting.expandCustomFunctions(equation, expanded))
+        CollectMarkerLike(expanded, taken);
+    QStringList markers;
+    for (int number = 0; markers.size() < count; ++number) {
+        const QString marker = u'_' + QString::number(number);
+        if (!taken.contains(marker) && !setting.variables.contains(marker))
+            markers.append(marker);
+    }
+    return markers;
 }
 
 // "left minus right" as one expression of plain arithmetic and markers; empty where there is none.
-QString ResidualText(const QString& equation, const QStringList& names, const QString& prefix,
+QString ResidualText(const QString& equation, const QStringList& names, const QStringList& markers,
                      const EquationSetting& setting)
 {
-    QStringList markers;
-    for (qsizetype i = 0; i < names.size(); ++i)
-        markers.append(prefix + QString::number(i));
     QString left;
     QString right;
     if (!SplitEquation(equation, left, right) || !PrepareEquationTexts(left, right, names, markers, setting))
@@ -48,28 +60,57 @@ QString ResidualText(const QString& equation, const QStringList& names, const QS
     return expanded;
 }
 
+// Puts the value of the last `count` operands in their place.
+inline bool Replace(double*& next, size_t count, const Value& value)
+{
+    if (!value)
+        return false;
+    next -= count;
+    *next++ = *value;
+    return true;
+}
+
 } // namespace
 
 // Keeps the operations that the reader finds.
 class CompiledEquation::Sink {
 public:
-    Sink(CompiledEquation& target, const QString& prefix) : equation(target), markerPrefix(prefix) {}
+    Sink(CompiledEquation& target, const QStringList& markers) : equation(target)
+    {
+        for (qsizetype i = 0; i < markers.size(); ++i)
+            unknowns.insert(markers[i], static_cast<quint32>(i));
+    }
 
     void Number(double value) { Load({Code::Number, 0, value}); }
 
-    bool IsValue(QStringView name) const { return name.startsWith(markerPrefix); }
-
-    void Named(QStringView name)
+    bool IsValue(QStringView name)
     {
-        const quint32 unknown = name.sliced(markerPrefix.size()).toUInt();
-        equation.dependsOn[unknown] = true;
-        Load({Code::Unknown, unknown});
+        if (name[0] != u'_')
+            return false;
+        const auto unknown = unknowns.constFind(name.toString());
+        found = unknown == unknowns.constEnd() ? 0 : *unknown;
+        return unknown != unknowns.constEnd();
     }
 
-    void Negate() { equation.operations.push_back({Code::Negate}); }
-    void Percent() { equation.operations.push_back({Code::Percent}); }
+    void Named(QStringView)
+    {
+        equation.dependsOn[found] = true;
+        Load({Code::Unknown, found});
+    }
+
+    void Negate() { Append({Code::Negate}); }
+    void Percent() { Append({Code::Percent}); }
     void Add() { Combine(Code::Add); }
-    void Subtract() { Combine(Code::Subtract); }
+
+    void Subtract()
+    {
+        const Operation& right = equation.operations.back();
+        if (right.code != Code::Number || right.number != 0)
+            return Combine(Code::Subtract);
+        equation.operations.pop_back(); // "= 0": no double changes by it
+        --held;
+    }
+
     void Multiply() { Combine(Code::Multiply); }
     void Power() { Combine(Code::Power); }
 
@@ -81,42 +122,50 @@ public:
 
     bool Factorial()
     {
-        equation.operations.push_back({Code::Factorial});
+        Append({Code::Factorial});
         return true;
     }
 
     bool Call(const FunctionRow& function, qsizetype count)
     {
         held -= count;
+        equation.work += workOfCall;
         equation.drawsRandomly |= function.drawn != nullptr;
         Load({Code::Call, static_cast<quint32>(count), 0, &function});
         return true;
     }
 
 private:
-    void Load(const Operation& operation)
+    void Append(const Operation& operation)
     {
         equation.operations.push_back(operation);
+        ++equation.work;
+    }
+
+    void Load(const Operation& operation)
+    {
+        Append(operation);
         equation.depth = std::max(equation.depth, ++held);
     }
 
     void Combine(Code code)
     {
-        equation.operations.push_back({code});
+        Append({code});
         --held;
     }
 
     CompiledEquation& equation;
-    const QString& markerPrefix;
+    QHash<QString, quint32> unknowns; // by marker
+    quint32 found = 0;
     qsizetype held = 0; // values on the stack
 };
 
 CompiledEquation::CompiledEquation(const QString& equation, const QStringList& names, const EquationSetting& setting)
     : dependsOn(static_cast<size_t>(names.size())), random(setting.random)
 {
-    const QString prefix = MarkerPrefix(equation, setting);
-    const QString text = ResidualText(equation, names, prefix, setting);
-    Sink sink(*this, prefix);
+    const QStringList markers = BuildMarkers(equation, names.size(), setting);
+    const QString text = ResidualText(equation, names, markers, setting);
+    Sink sink(*this, markers);
     ExpressionReader<Sink> reader(text, sink);
     if (!reader.Read())
         operations.clear();
@@ -177,13 +226,4 @@ inline bool CompiledEquation::Apply(const Operation& operation, std::span<const 
                        CallFunction(*operation.function, {next - operation.count, operation.count}, random));
     }
     return false;
-}
-
-bool CompiledEquation::Replace(double*& next, size_t count, const Value& value)
-{
-    if (!value)
-        return false;
-    next -= count;
-    *next++ = *value;
-    return true;
 }

@@ -30,8 +30,8 @@ public:
 
     bool DrawsRandomly() const { return drawsRandomly; }
 
-    /// How much work one evaluation is, in operations; at least 1.
-    size_t Size() const { return operations.size() + 1; }
+    /// How much work one evaluation is, in additions or the like; at least 1.
+    size_t Work() const { return work; }
 
 private:
     enum class Code : quint8 {
@@ -59,10 +59,10 @@ private:
 
     // Takes operands from the end of the stack, `next` being behind its last value, and puts its value there.
     bool Apply(const Operation& operation, std::span<const double> values, double*& next) const;
-    static bool Replace(double*& next, size_t count, const Value& value);
 
     std::vector<Operation> operations; // empty: no value anywhere
     qsizetype depth = 0;               // of the value stack
+    size_t work = 1;
     std::vector<bool> dependsOn;
     bool drawsRandomly = false;
     RandomSource random;

@@ -31,7 +31,7 @@ struct EquationSystem {
     bool IsSolvedBy(std::span<const double> values, double tolerance) const;
 };
 
-/// The system of the given equations; nothing where there is no unknown or a custom function fails to expand.
+/// The system of the given equations; nothing where FindEquationSystemVariables has no names for it.
 std::optional<EquationSystem> BuildEquationSystem(const QStringList& equations, const EquationSetting& setting);
 
 /// The largest residual in magnitude; 0 where there are none.

@@ -4,7 +4,9 @@
 #include "core/engine/NumberText.h"
 #include "core/engine/Substitution.h"
 #include "core/engine/WordSet.h"
+#include "core/solver/NamesInText.h"
 
+#include <QHash>
 #include <QSet>
 
 #include <algorithm>
@@ -14,8 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int exactDigits = 17;          // enough to read the same double back
-constexpr qsizetype mostUnknowns = 1000; // a dense system of that size still fits the memory and some seconds
+constexpr int exactDigits = 17;                 // enough to read the same double back
+constexpr qsizetype mostCoefficients = 1000000; // a dense system of that size still fits the memory and some seconds
 
 // clang-format off
 constexpr const char* reservedEquationWords[] = {
@@ -57,27 +59,6 @@ bool IsReservedSystemWord(const QString& upperName)
     return upperName != u"FRACTION" && IsReservedEquationWord(upperName);
 }
 
-bool BeginsName(QChar c)
-{
-    return IsAsciiLetter(c) || c == u'_';
-}
-
-// Calls `visit` with where each name begins and how long it is.
-template <typename Visit>
-void ForEachName(QStringView text, Visit visit)
-{
-    for (qsizetype position = 0; position < text.size();) {
-        const qsizetype start = position;
-        if (!BeginsName(text[start])) {
-            position = std::max(NumberLiteralEnd(text, start), start + 1);
-            continue;
-        }
-        while (position < text.size() && IsAsciiWord(text[position]))
-            ++position;
-        visit(start, position - start);
-    }
-}
-
 // The unknowns of a text, in upper case.
 void CollectUnknowns(const QString& text, bool (*isReserved)(const QString&), const Variables& variables,
                      QSet<QString>& names)
@@ -89,34 +70,64 @@ void CollectUnknowns(const QString& text, bool (*isReserved)(const QString&), co
     });
 }
 
-// The name as it stands after each `names[i]` in turn took its place in it. Only an end of a name that stands behind a
-// digit can be taken: what is left may then be another name.
-QString ReplaceInName(QStringView name, const QStringList& names, const QStringList& texts)
+// Whether an end of the name stands behind a digit, and so may be another name.
+bool HasNameBehindDigit(QStringView name)
 {
-    QString replaced;
-    for (qsizetype i = 0; i < names.size() && !name.isEmpty(); ++i) {
-        if (!name.endsWith(names[i], Qt::CaseInsensitive))
-            continue;
-        const QStringView before = name.chopped(names[i].size());
-        if (!before.isEmpty() && !IsAsciiDigit(before.back()))
-            continue;
-        replaced.prepend(u'(' + texts[i] + u')');
-        name = before;
-    }
-    return name + replaced;
+    return std::adjacent_find(name.begin(), name.end(), [](QChar before, QChar behind) {
+               return IsAsciiDigit(before) && !IsAsciiDigit(behind);
+           }) != name.end();
 }
 
-QString ReplaceUnknowns(const QString& text, const QStringList& names, const QStringList& texts)
-{
-    QString replaced;
-    qsizetype copied = 0;
-    ForEachName(text, [&](qsizetype start, qsizetype size) {
-        replaced += QStringView(text).sliced(copied, start - copied) +
-                    ReplaceInName(QStringView(text).sliced(start, size), names, texts);
-        copied = start + size;
-    });
-    return replaced + QStringView(text).sliced(copied);
-}
+// Puts a text in brackets in the place of each name, one name after the other.
+class NameReplacement {
+public:
+    NameReplacement(const QStringList& upperNames, const QStringList& replacements)
+        : names(upperNames), texts(replacements)
+    {
+        for (qsizetype i = 0; i < names.size(); ++i)
+            indices.insert(names[i], i);
+    }
+
+    QString Apply(const QString& text) const
+    {
+        QString replaced;
+        qsizetype copied = 0;
+        ForEachName(text, [&](qsizetype start, qsizetype size) {
+            const QStringView name = QStringView(text).sliced(start, size);
+            replaced += QStringView(text).sliced(copied, start - copied);
+            replaced += HasNameBehindDigit(name) ? ReplaceEnds(name) : ReplaceWhole(name.toString());
+            copied = start + size;
+        });
+        return replaced + QStringView(text).sliced(copied);
+    }
+
+private:
+    QString ReplaceWhole(const QString& name) const
+    {
+        const auto index = indices.constFind(name.toUpper());
+        return index == indices.constEnd() ? name : QString(u'(' + texts[*index] + u')');
+    }
+
+    // What is left before an end that was replaced may be a name that comes later.
+    QString ReplaceEnds(QStringView name) const
+    {
+        QString replaced;
+        for (qsizetype i = 0; i < names.size() && !name.isEmpty(); ++i) {
+            if (!name.endsWith(names[i], Qt::CaseInsensitive))
+                continue;
+            const QStringView before = name.chopped(names[i].size());
+            if (!before.isEmpty() && !IsAsciiDigit(before.back()))
+                continue;
+            replaced.prepend(u'(' + texts[i] + u')');
+            name = before;
+        }
+        return name + replaced;
+    }
+
+    const QStringList& names;
+    const QStringList& texts;
+    QHash<QString, qsizetype> indices;
+};
 
 bool Expand(const QString& text, QString& expanded, const EquationSetting& setting)
 {
@@ -181,7 +192,7 @@ bool FindEquationSystemVariables(const QStringList& equations, QStringList& name
             return false;
         CollectUnknowns(expanded, IsReservedSystemWord, setting.variables, found);
     }
-    if (found.isEmpty() || found.size() > mostUnknowns)
+    if (found.isEmpty() || found.size() * std::max(found.size(), equations.size()) > mostCoefficients)
         return false;
     names = found.values();
     names.sort();
@@ -198,8 +209,9 @@ Value EvaluateStrictly(const QString& text, const EquationSetting& setting)
 bool PrepareEquationTexts(QString& left, QString& right, const QStringList& names, const QStringList& texts,
                           const EquationSetting& setting)
 {
-    left = ReplaceANS(ReplaceUnknowns(left, names, texts), setting.lastAnswer);
-    right = ReplaceANS(ReplaceUnknowns(right, names, texts), setting.lastAnswer);
+    const NameReplacement unknowns(names, texts);
+    left = ReplaceANS(unknowns.Apply(left), setting.lastAnswer);
+    right = ReplaceANS(unknowns.Apply(right), setting.lastAnswer);
     QString expandedLeft;
     QString expandedRight;
     if (!Expand(left, expandedLeft, setting) || !Expand(right, expandedRight, setting))

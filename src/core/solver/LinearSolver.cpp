@@ -130,7 +130,7 @@ bool GetLinearEquationRow(const CompiledEquation& equation, size_t unknowns, std
     for (size_t i = 0; i < unknowns; ++i) {
         if (!equation.DependsOn(i))
             continue;
-        if (!pulse.MayGoOn(equation.Size()))
+        if (!pulse.MayGoOn(equation.Work()))
             return false;
         point[i] = 1;
         const Value atUnit = equation.Residual(point);

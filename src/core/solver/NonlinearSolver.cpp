@@ -57,7 +57,7 @@ private:
 
     const EquationSystem& system;
     SearchPulse& pulse;
-    size_t systemSize = 0; // operations of one evaluation
+    size_t systemWork = 0; // of one evaluation
     Sample current;
     Sample candidate;
     Sample best;
@@ -74,7 +74,7 @@ NonlinearSearch::NonlinearSearch(const EquationSystem& equations, SearchPulse& h
 {
     current.values.resize(system.Unknowns());
     for (const CompiledEquation& equation : system.compiled)
-        systemSize += equation.Size();
+        systemWork += equation.Work();
 }
 
 SearchEnd NonlinearSearch::Run(Point& values)
@@ -193,7 +193,7 @@ bool NonlinearSearch::EvaluateMoved(size_t unknown, double value, std::vector<do
         valid = pulse.MayGoOn(1);
         if (equation.DependsOn(unknown)) {
             const Value residual = equation.Residual(current.values);
-            valid = residual && pulse.MayGoOn(equation.Size());
+            valid = residual && pulse.MayGoOn(equation.Work());
             residuals[i] = residual.value_or(0);
         }
         cost += residuals[i] * residuals[i];
@@ -221,7 +221,7 @@ bool NonlinearSearch::AcceptCandidate()
 
 bool NonlinearSearch::Evaluate(Sample& sample)
 {
-    return pulse.MayGoOn(systemSize) && system.Evaluate(sample.values, sample.residuals, sample.cost);
+    return pulse.MayGoOn(systemWork) && system.Evaluate(sample.values, sample.residuals, sample.cost);
 }
 
 void NonlinearSearch::KeepBest(const Sample& sample)

@@ -46,7 +46,7 @@ private:
     // No point has a value once the pulse stopped.
     Sample Take(double x) const
     {
-        return {x, pulse.MayGoOn(equation.Size()) ? equation.Residual({&x, 1}) : std::nullopt};
+        return {x, pulse.MayGoOn(equation.Work()) ? equation.Residual({&x, 1}) : std::nullopt};
     }
 
     // The positive one of a pair of opposite roots.
@@ -113,7 +113,7 @@ bool SolveSingleVariableEquationBlock(const EquationSystem& system, Point& value
     QString left;
     QString right;
     QString variable;
-    for (size_t i = 0; i < system.compiled.size(); ++i) {
+    for (size_t i = 0; i < system.compiled.size() && !pulse.IsStopped(); ++i) {
         const QString& equation = system.equations[static_cast<qsizetype>(i)];
         if (!ParseSingleVariableEquation(equation, left, right, variable, system.setting) ||
             variable != system.names.first())

@@ -40,7 +40,7 @@ QString ReplaceWords(const QString& text)
 EquationSetting Setting()
 {
     EquationSetting setting;
-    setting.variables = {{"K", 0.1}, {"X3", 7}, {"_V", -1e-7}, {"INF", 3}, {"__1", 2}};
+    setting.variables = {{"K", 0.1}, {"X3", 7}, {"_V", -1e-7}, {"INF", 3}, {"_1", 2}};
     setting.lastAnswer = 1.0 / 3;
     setting.useWordOperators = true;
     setting.wordOp = ReplaceWords;
@@ -72,9 +72,9 @@ private:
     QString Side(int depth)
     {
         if (depth == 0 || random.bounded(5) == 0)
-            return Pick({"X",    "x",   "Y",     "E",    "X2",  "2X", "3",   "1E-3",  "2E",
-                         "0x1F", "10X", "X(3)",  "(X)Y", "K",   "X3", "_V",  "ANS",   "2ans",
-                         "X!",   "Y%",  "SIN X", "SQ Y", "inf", "PI", "A2Y", "three", "__2"});
+            return Pick({"X",     "x",    "Y",    "E",  "X2",  "2X",    "3",   "1E-3", "2E", "0x1F",
+                         "10X",   "X(3)", "(X)Y", "K",  "X3",  "_V",    "ANS", "2ans", "X!", "Y%",
+                         "SIN X", "SQ Y", "inf",  "PI", "A2Y", "three", "_0",  "_2X"});
         switch (random.bounded(8)) {
         case 0:
             return Pick({"SQ(", "HALF (", "COS(", "SQRT(", "-(", "EXP("}) + Side(depth - 1) + u')';
