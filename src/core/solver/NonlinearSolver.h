@@ -20,5 +20,6 @@ enum class SearchEnd {
 /// @param values  one for each unknown; none where the search was cancelled
 SearchEnd SolveNonlinearEquationSystem(const EquationSystem& system, Point& values, SearchPulse& pulse);
 
-/// An approximate answer with its values rounded, to as few decimals as its cost allows.
+/// An approximate answer with its values rounded to the fewest decimals that change one of them and cost nothing. Only
+/// values within 1e-9 (relative above 1) of a rounded one are changed.
 Point TidyApproximateAnswer(const EquationSystem& system, const Point& values);

@@ -3,6 +3,8 @@
 #include "core/engine/AnswerFormat.h"
 #include "core/solver/EquationBlock.h"
 #include "core/solver/EquationText.h"
+#include "core/solver/NonlinearSolver.h"
+#include "core/solver/SingleUnknownSolver.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -53,8 +55,11 @@ private slots:
     void Solved_data();
     void Solved();
     void AnswersOfOneValueBecomeANS();
+    void NoRootOfOneUnknown();
+    void ValuesInTheText();
     void LargeSystems();
     void AStoppedSearchReports();
+    void ApproximateValuesAreTidied();
     void ASearchStopsSoon_data();
     void ASearchStopsSoon();
     void Unknowns_data();
@@ -84,10 +89,11 @@ void EquationSetTest::Solved_data()
     QTest::newRow("a root between grid points")              << "X^3-2*X-5=0"       << "X = 2.094551481542" << one; // Wallis, Algebra, 1685
     QTest::newRow("a root in a far range")                   << "X^2=4E10"          << "X = 200000\n"     << one;
     QTest::newRow("a function after which the unknown stands") << "SQRT X=3"        << "X = 9\n"          << one;
-    QTest::newRow("a jump is no root")                       << "SIGN(X-1.01)+X*0=X-3.5" << "X = 4.5\n"   << one;
+    QTest::newRow("no line, though it looks like 0 = 0")     << "X^3=X"             << "X = 0\n"          << one;
     QTest::newRow("points without a value are stepped over") << "SQRT(X-201)=2"     << "X = 205\n"        << one;
     QTest::newRow("two lines that cross")                    << "X+Y=10;X-Y=2"      << "X = 6\nY = 4\n"   << system;
     QTest::newRow("free unknowns are zero")                  << "X+Y=2"             << "X = 2\nY = 0\n"   << many;
+    QTest::newRow("residue of rounding is no coefficient")   << "0.1X+0.2Y=0.3;0.3X+0.6Y=0.9" << "X = 3\nY = 0\n" << many;
     QTest::newRow("every number solves it")                  << "0*X=0"             << "X = 0\n"          << many;
     QTest::newRow("an equation twice")                       << "X=1;X=1"           << "X = 1\n"          << system;
     QTest::newRow("more equations than unknowns")            << "X+Y=3;X-Y=1;X+2Y=4" << "X = 2\nY = 1\n"  << system;
@@ -116,6 +122,24 @@ void EquationSetTest::AnswersOfOneValueBecomeANS()
     QCOMPARE(*Answer("0*X=0").lastAnswer, 0.0);
     for (const char* none : {"X=1;X=1", "X+Y=2", "X^2=-1", "5=4+A"})
         QVERIFY2(!Answer(none).lastAnswer, none);
+}
+
+// Poles and jumps change the sign and are no roots.
+void EquationSetTest::NoRootOfOneUnknown()
+{
+    SearchPulse pulse([](const QString&) { return true; });
+    for (const char* equation : {"1/X=0", "1/(X-0.01)=0", "X+9*SIGN(X-0.02)=0", "X^2=-1", "X=2000001"})
+        QVERIFY2(!SolveSingleVariableEquation(CompiledEquation(equation, {"X"}, Setting()), pulse), equation);
+}
+
+void EquationSetTest::ValuesInTheText()
+{
+    QString left = "2X+x*Z2X+X2+0xA+_X", right = "1E-3*E+ANS*A";
+    const double values[] = {1e-6, 3};
+    QVERIFY(PrepareEquationExpressions(left, right, {"E", "X"}, values, Setting()));
+    QCOMPARE(left, "2(3)+(3)*Z2(3)+X2+0xA+_X");
+    QCOMPARE(right, "1E-3*(9.9999999999999995e-07)+(7)*(2)");
+    QVERIFY(!PrepareEquationExpressions(left, right, {"X"}, values, Setting()));
 }
 
 void EquationSetTest::LargeSystems()
@@ -151,6 +175,16 @@ void EquationSetTest::AStoppedSearchReports()
     QVERIFY(answer.submission.runs[0].bold && !answer.submission.runs[1].bold && answer.submission.runs[2].bold);
 }
 
+// As far as that costs nothing.
+void EquationSetTest::ApproximateValuesAreTidied()
+{
+    const auto flat = BuildEquationSystem({"(X-0.25)^2=-1", "(Y-3)^2=-1"}, Setting());
+    QCOMPARE(TidyApproximateAnswer(*flat, {0.2500000003, 0.7499999998}), Point({0.25, 0.75}));
+    QCOMPARE(TidyApproximateAnswer(*flat, {0.2500000003, 2.9999999998}), Point({0.2500000003, 3})); // fewer decimals
+    const auto steep = BuildEquationSystem({"1E9*X=300000000.3"}, Setting());
+    QCOMPARE(TidyApproximateAnswer(*steep, {0.3000000003}), Point({0.3000000003}));
+}
+
 void EquationSetTest::ASearchStopsSoon_data()
 {
     QTest::addColumn<QString>("equations");
@@ -160,7 +194,7 @@ void EquationSetTest::ASearchStopsSoon_data()
     QTest::newRow("a long equation") << QString("X+").repeated(200000) + "X^2=-1E99";
 }
 
-// At most 100 ms between two ticks, and behind the last; doubled, for the machine may be busy.
+// 100 ms between two ticks, and less behind the last; thrice that, for the machine may be busy.
 void EquationSetTest::ASearchStopsSoon()
 {
     QFETCH(QString, equations);
@@ -173,8 +207,8 @@ void EquationSetTest::ASearchStopsSoon()
         return ++ticks < 2;
     });
     QCOMPARE(ticks, 2);
-    QVERIFY2(longest < 200, qPrintable(QString::number(longest)));
-    QVERIFY2(sinceTick.elapsed() < 200, qPrintable(QString::number(sinceTick.elapsed())));
+    QVERIFY2(longest < 300, qPrintable(QString::number(longest)));
+    QVERIFY2(sinceTick.elapsed() < 300, qPrintable(QString::number(sinceTick.elapsed())));
 }
 
 void EquationSetTest::Unknowns_data()
