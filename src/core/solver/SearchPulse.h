@@ -1,0 +1,32 @@
+// The heartbeat of a search that may not end: shows that it lives, and asks whether it may go on.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QString>
+
+#include <functional>
+
+/// Shows a status, lets events run and says whether the search may go on.
+using SearchTick = std::function<bool(const QString& status)>;
+
+class SearchPulse {
+public:
+    /// @param onTick  called every 100 ms of elapsed time; empty: the search ends at its first tick
+    explicit SearchPulse(SearchTick onTick);
+
+    /// Whether the search may go on after `work` operations (some nanoseconds each) since the last call. It costs
+    /// little: the clock is asked only now and then. Once stopped, it stays so.
+    bool MayGoOn(size_t work);
+
+    bool IsStopped() const { return stopped; }
+
+private:
+    void AskClock();
+
+    SearchTick tick;
+    QElapsedTimer clock;
+    qint64 nextTick;
+    int dots = 0;
+    size_t workSinceClock = 0;
+    bool stopped = false;
+};
