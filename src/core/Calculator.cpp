@@ -178,6 +178,22 @@ QString Calculator::NormalizeSubmittedMath(const QString& text) const
     return ExpandCustomFunctions(line, expanded, errorText) ? expanded : line;
 }
 
+EquationSetting Calculator::SettingForEquations()
+{
+    EquationSetting setting;
+    setting.variables = values.variables;
+    setting.lastAnswer = values.lastAnswer;
+    setting.useWordOperators = Options().useWordOperators;
+    setting.wordOp = WordOp;
+    setting.expandCustomFunctions = [this](const QString& text, QString& expanded) {
+        QString errorText;
+        return ExpandCustomFunctions(text, expanded, errorText);
+    };
+    setting.random = surroundings.random;
+    setting.formatAnswer = [this](double value) { return FormatAnswer(value); };
+    return setting;
+}
+
 QString Calculator::FormatAnswer(double value)
 {
     const int asked = std::exchange(oneTimeOutputBase, 0);

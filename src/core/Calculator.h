@@ -9,6 +9,7 @@
 #include "core/engine/CustomFunctions.h"
 #include "core/engine/Evaluator.h"
 #include "core/engine/FunctionTable.h"
+#include "core/solver/EquationSetting.h"
 
 #include <QString>
 
@@ -77,6 +78,9 @@ public:
     /// A submitted line as the tries read it: trimmed, and the words of the language written out as arithmetic. HELP
     /// lines and function definitions keep their own words.
     QString NormalizeSubmittedMath(const QString& text) const;
+
+    /// What equations and comparisons take from the workspace as it stands now. It must not outlive the calculator.
+    EquationSetting SettingForEquations();
 
     /// The text of a number by the number format and the output base. A base that the last evaluation asked for, as
     /// `HEX(255)` does, serves for this one text.

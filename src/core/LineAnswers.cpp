@@ -3,6 +3,8 @@
 #include "core/CommandText.h"
 #include "core/engine/Fractions.h"
 #include "core/engine/ReservedNames.h"
+#include "core/solver/Comparison.h"
+#include "core/solver/EquationSet.h"
 
 #include <cmath>
 
@@ -42,6 +44,16 @@ std::optional<QString> PreviewDateTime(Calculator& calculator, const QString& li
     return answer.ok ? QString(line + u" = "_s + answer.answerText) : u"Cannot Solve"_s;
 }
 
+std::optional<QString> PreviewComparison(Calculator& calculator, const QString& line)
+{
+    bool valid = false;
+    bool result = false;
+    const EquationSetting setting = calculator.SettingForEquations();
+    if (!EvaluateComparison(line, valid, result, nullptr, nullptr, nullptr, setting))
+        return std::nullopt;
+    return !valid ? u"Cannot Compare"_s : result ? u"TRUE"_s : u"FALSE"_s;
+}
+
 std::optional<QString> PreviewExpression(Calculator& calculator, const QString& line)
 {
     bool ok = false;
@@ -52,10 +64,7 @@ std::optional<QString> PreviewExpression(Calculator& calculator, const QString& 
 
 // Who previews a line. The first that knows the line has the word; the last knows every line.
 constexpr std::optional<QString> (*previews[])(Calculator&, const QString&) = {
-    PreviewFunctionDefinition,
-    PreviewAssignment,
-    PreviewDateTime,
-    PreviewExpression,
+    PreviewFunctionDefinition, PreviewAssignment, PreviewDateTime, PreviewComparison, PreviewExpression,
 };
 
 Submission Answer(const QString& answer)
@@ -118,6 +127,19 @@ std::optional<Submission> SubmitAssignment(Calculator& calculator, const QString
     calculator.values.variables.insert(key, value);
     const QString assigned = key + u" = "_s + calculator.FormatAnswer(value);
     return LineWithStatus(assigned, true, assigned);
+}
+
+std::optional<Submission> SubmitComparison(Calculator& calculator, const QString& line)
+{
+    return HandleComparisonSubmission(line, calculator.SettingForEquations());
+}
+
+Submission SubmitEquations(Calculator& calculator, const QStringList& equations, const SearchTick& onTick)
+{
+    const EquationAnswer answer = HandleEquationSet(equations, calculator.SettingForEquations(), onTick);
+    if (answer.lastAnswer)
+        calculator.values.lastAnswer = *answer.lastAnswer;
+    return answer.submission;
 }
 
 std::optional<Submission> SubmitCustomFunctionCommand(Calculator& calculator, const QString& line, bool& changed)

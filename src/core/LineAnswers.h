@@ -3,6 +3,7 @@
 
 #include "core/Calculator.h"
 #include "core/Submission.h"
+#include "core/solver/SearchPulse.h"
 
 #include <optional>
 
@@ -11,6 +12,14 @@ Submission SubmitExpression(Calculator& calculator, const QString& line);
 
 /// Stores a variable and says so; nothing where the line has not the form of an assignment.
 std::optional<Submission> SubmitAssignment(Calculator& calculator, const QString& line);
+
+/// TRUE or FALSE, or that the line cannot be compared; nothing where it is no comparison.
+std::optional<Submission> SubmitComparison(Calculator& calculator, const QString& line);
+
+/// Solves equations; `ANS` takes the answer of a single one in one unknown.
+///
+/// @param onTick  called every 100 ms of a search without an end of its own; see EquationSet.h
+Submission SubmitEquations(Calculator& calculator, const QStringList& equations, const SearchTick& onTick);
 
 /// CREATE FUNCTION, FUNCTIONS and DELETE FUNCTION; nothing where the line is none of them.
 ///

@@ -56,7 +56,7 @@ bool BringsLineFeed(const QKeyEvent& key)
 struct MainWindow::Rooms {
     Rooms(MainWindow& window, Ui::MainWindow& form)
         : calculator({[&form] { return CheckedOptions(form); }}), pad(form.Text1),
-          commands(window, form, calculator, pad), submission(calculator, pad, *form.Label1, commands),
+          commands(window, form, calculator, pad), submission(calculator, pad, *form.Label1, activity, commands),
           documents(window, *form.Text1, *form.Label1, *form.actionSave_Document)
     {
     }
@@ -130,6 +130,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     WriteLog();
+    rooms->activity.equationSolveCancelRequested = true; // a search that runs must not outlive the window
     QMainWindow::closeEvent(event);
 }
 
@@ -154,9 +155,14 @@ void MainWindow::dropEvent(QDropEvent* event)
 
 void MainWindow::on_Text1_textChanged()
 {
+    if (rooms->activity.equationSolveActive) {
+        rooms->activity.equationSolveCancelRequested = true;
+        enterDue = enterDue || TakeEnter();
+        return;
+    }
+    const bool entered = TakeEnter();
     if (ClearLabelOfEmptyPad())
         return;
-    const bool entered = TakeEnter();
     const int position = rooms->pad.CursorPosition();
     if (rooms->submission.HandleEquationBlockState(position) || rooms->pad.ContinuePreviousAnswer(position))
         return;
@@ -170,7 +176,7 @@ void MainWindow::on_Text1_textChanged()
 // was pressed.
 void MainWindow::on_Text1_cursorPositionChanged()
 {
-    if (rooms->pad.IsChanging() || ClearLabelOfEmptyPad())
+    if (rooms->activity.equationSolveActive || rooms->pad.IsChanging() || ClearLabelOfEmptyPad())
         return;
     const int position = rooms->pad.CursorPosition();
     if (!rooms->submission.HandleEquationBlockState(position))
@@ -188,6 +194,8 @@ bool MainWindow::ClearLabelOfEmptyPad()
 // Whether this change of the text is the one that an Enter key has brought.
 bool MainWindow::TakeEnter()
 {
+    if (std::exchange(enterDue, false))
+        return true;
     const int position = rooms->pad.CursorPosition();
     if (enterPosition != position || rooms->pad.Text().CharacterAt(position - 1) != u'\n')
         return false;

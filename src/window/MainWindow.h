@@ -72,4 +72,7 @@ private:
     // The editor tells of changes of its own before it, and those must not be taken for it.
     static constexpr int noEnter = -1;
     int enterPosition = noEnter;
+
+    // Its line feed came during a search, which it stopped: the next change of the text goes the way of that Enter.
+    bool enterDue = false;
 };

@@ -115,7 +115,7 @@ void MainWindowTest::LabelsShowTextAsItIs()
     const auto* label = typed.window.findChild<QLabel*>("Label1");
     QCOMPARE(label->textFormat(), Qt::PlainText);
     typed.TypeLine("a<b and c>d");
-    QCOMPARE(typed.Label(), "Cannot Solve");
+    QCOMPARE(typed.Label(), "Cannot Compare");
     typed.TypeLine("FORMAT = <b>0</b>");
     QCOMPARE(typed.Label(), "Format set to '<b>0</b>'");
 }

@@ -147,10 +147,23 @@ private:
             return Name::Operand;
         }
         SkipSpaces();
-        if (name.empty() || AtEnd() || Current() != u'(')
+        const FunctionRow* function = name.empty() || AtEnd() ? nullptr : FindFunction(name);
+        if (!function)
             return Name::Failure; // an unknown name is never zero
-        const FunctionRow* function = FindFunction(name);
-        return function ? OpenCall(*function) : Name::Failure;
+        if (Current() == u'(')
+            return OpenCall(*function);
+        return ReadBareArgument(*function);
+    }
+
+    // A value's name straight behind a function's is its argument: its number would stand in brackets.
+    Name ReadBareArgument(const FunctionRow& function)
+    {
+        const qsizetype end = ValueNameEnd(position);
+        if (end == position)
+            return Name::Failure;
+        sink.Named(text.sliced(position, end - position));
+        position = end;
+        return sink.Call(function, 1) ? Name::Operand : Name::Failure;
     }
 
     // Behind the identifier at `start` if the sink has a value for it, otherwise `start`.

@@ -32,8 +32,7 @@ bool ParseSingleVariableEquation(const QString& text, QString& left, QString& ri
 /// The unknowns of a system, custom functions written out: upper case, sorted by code units.
 ///
 /// @return false, with `names` empty, where there is no unknown, a custom function fails to expand, or the system is
-/// too
-///         large: the unknowns, times the unknowns or the equations, more than a million
+///         too large: the unknowns, times the unknowns or the equations, more than a million
 bool FindEquationSystemVariables(const QStringList& equations, QStringList& names, const EquationSetting& setting);
 
 /// The strict road from text to value: custom functions are written out, variables and ANS are not known.

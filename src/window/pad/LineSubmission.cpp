@@ -2,10 +2,14 @@
 
 #include "core/CommandText.h"
 #include "core/LineAnswers.h"
+#include "core/solver/EquationBlock.h"
 #include "core/symbolic/SymbolicCommands.h"
 #include "window/pad/Pad.h"
+#include "window/pad/PadActivity.h"
 
+#include <QCoreApplication>
 #include <QLabel>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <array>
@@ -44,6 +48,7 @@ const LineSubmission::Try LineSubmission::tries[] = {
     {Try::Offered::ForCommand, {u"FONT"}, &LineSubmission::TryFontSize},
     {Try::Offered::ForCommand, {u"FORMAT"}, &LineSubmission::TryFormat},
     {Try::Offered::Always, {}, &LineSubmission::TryAssignment},
+    {Try::Offered::Always, {}, &LineSubmission::TryComparison},
     {Try::Offered::Always, {}, &LineSubmission::TryEquation},
     {Try::Offered::Always, {}, &LineSubmission::TryExpression},
 };
@@ -84,7 +89,10 @@ void LineSubmission::HandleSubmittedLine(int position, const QString& line)
 
 QString LineSubmission::GetCompletedLine(int position) const
 {
-    return position < 2 ? QString() : calculator.NormalizeSubmittedMath(pad.Text().LineAt(position - 1));
+    if (position < 2)
+        return QString();
+    const PadText& text = pad.Text();
+    return calculator.NormalizeSubmittedMath(text.Text(text.LineStart(position - 1), position - 1));
 }
 
 bool LineSubmission::HandleEquationBlockState(int position)
@@ -107,12 +115,8 @@ bool LineSubmission::EquationsBefore(int position, QStringList& equations) const
     const std::optional<QString> block = pad.Text().EquationBlockBefore(position);
     if (!block)
         return false;
-    const QStringView lines = QStringView(*block).sliced(1, block->size() - 2);
-    for (const QStringView line : lines.split(u'\n')) {
-        if (const QString equation = calculator.NormalizeSubmittedMath(line.toString()); !equation.isEmpty())
-            equations.append(equation);
-    }
-    return !equations.isEmpty();
+    return ExtractEquationBlock(*block, block->size(), equations,
+                                [this](const QString& line) { return calculator.NormalizeSubmittedMath(line); });
 }
 
 void LineSubmission::Show(const Submission& submission)
@@ -215,6 +219,11 @@ std::optional<Submission> LineSubmission::TryAssignment(const Line& line)
     return SubmitAssignment(calculator, line.text);
 }
 
+std::optional<Submission> LineSubmission::TryComparison(const Line& line)
+{
+    return SubmitComparison(calculator, line.text);
+}
+
 std::optional<Submission> LineSubmission::TryEquation(const Line& line)
 {
     const auto equals = line.text.count(u'=');
@@ -223,10 +232,16 @@ std::optional<Submission> LineSubmission::TryEquation(const Line& line)
     return equals > 1 ? CannotSolve(u"Cannot Solve Equation"_s) : SolveEquations({line.text});
 }
 
-// Nothing solves equations yet, and none is misread as an expression.
+// The window stays alive during a search: at each tick events run, and a change of the pad asks the search to stop.
 Submission LineSubmission::SolveEquations(const QStringList& equations)
 {
-    return CannotSolve(equations.size() == 1 ? u"Cannot Solve Equation"_s : u"Cannot Solve Equation System"_s);
+    activity.equationSolveCancelRequested = false;
+    const QScopedValueRollback active(activity.equationSolveActive, true);
+    return SubmitEquations(calculator, equations, [this](const QString& status) {
+        label.setText(status);
+        QCoreApplication::processEvents();
+        return !activity.equationSolveCancelRequested;
+    });
 }
 
 std::optional<Submission> LineSubmission::TryExpression(const Line& line)

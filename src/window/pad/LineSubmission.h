@@ -14,11 +14,13 @@
 class Calculator;
 class Pad;
 class QLabel;
+struct PadActivity;
 
 class LineSubmission {
 public:
-    LineSubmission(Calculator& workspace, Pad& mainPad, QLabel& statusLabel, PadCommands padCommands)
-        : calculator(workspace), pad(mainPad), label(statusLabel), commands(padCommands)
+    LineSubmission(Calculator& workspace, Pad& mainPad, QLabel& statusLabel, PadActivity& padActivity,
+                   PadCommands padCommands)
+        : calculator(workspace), pad(mainPad), label(statusLabel), activity(padActivity), commands(padCommands)
     {
     }
 
@@ -66,6 +68,7 @@ private:
     std::optional<Submission> TryFontSize(const Line& line);
     std::optional<Submission> TryFormat(const Line& line);
     std::optional<Submission> TryAssignment(const Line& line);
+    std::optional<Submission> TryComparison(const Line& line);
     std::optional<Submission> TryEquation(const Line& line);
     std::optional<Submission> TryExpression(const Line& line);
 
@@ -76,5 +79,6 @@ private:
     Calculator& calculator;
     Pad& pad;
     QLabel& label;
+    PadActivity& activity;
     PadCommands commands;
 };

@@ -51,6 +51,7 @@ void Pad::Insert(const QList<PadRun>& runs)
     for (const PadRun& run : runs)
         cursor.insertText(run.text, FormatOf(run));
     cursor.endEditBlock();
+    cursor.setCharFormat(FormatOf({})); // what the user types next is no answer
     editor->setTextCursor(cursor);
 }
 
@@ -88,7 +89,7 @@ void Pad::CloseParentheses()
     const int lineFeed = CursorPosition() - 1;
     if (lineFeed < 0)
         return;
-    const qsizetype missing = MissingParentheses(text.LineAt(lineFeed));
+    const qsizetype missing = MissingParentheses(text.Text(text.LineStart(lineFeed), lineFeed));
     if (missing == 0)
         return;
     const QSignalBlocker blocker(editor);
