@@ -176,6 +176,13 @@ void PreviewLines(benchmark::State& state)
     PerLine(state, MixedLines(), [&](const QString& line) { return PreviewText(calculator, line).size(); });
 }
 
+void PreviewConversions(benchmark::State& state)
+{
+    Calculator calculator;
+    PerLine(state, {u"12 IN TO CM"_s, u"3.5 miles to km"_s},
+            [&](const QString& line) { return PreviewText(calculator, line).size(); });
+}
+
 BENCHMARK(ReadMixedLinesFloor);
 BENCHMARK(EvaluateMixedLines);
 BENCHMARK(FormatAnswers);
@@ -184,6 +191,7 @@ BENCHMARK(AnswerMixedLines);
 BENCHMARK(AnswerWithVariables);
 BENCHMARK(AnswerConversions);
 BENCHMARK(PreviewLines);
+BENCHMARK(PreviewConversions);
 
 } // namespace
 
