@@ -14,12 +14,32 @@ is_installed() {
     [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
 
+# Where dpkg does not tell what is installed: what a group needs, by its commands and libraries.
+commands_build="g++ cmake ninja ccache"
+libraries_build="Qt6Core Qt6Widgets Qt6Network"
+commands_display="Xvfb openbox xdotool import xprop"
+commands_test="clang-format"
+commands_lint="clang-tidy"
+commands_fuzz="clang++"
+
+need_commands() {
+    local group name list missing=()
+    for group in "$@"; do
+        list=commands_$group
+        for name in ${!list:-}; do command -v "$name" >/dev/null || missing+=("$name"); done
+        list=libraries_$group
+        for name in ${!list:-}; do pkg-config --exists "$name" 2>/dev/null || missing+=("$name"); done
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    echo "This is no Debian system, and these are missing: ${missing[*]}" >&2
+    echo "Install them by your system's own means, then try again." >&2
+    exit 1
+}
+
 need_packages() {
     local group name list missing=()
-    if ! command -v dpkg-query >/dev/null; then
-        echo "This is no Debian system: please see to it that what these packages hold is installed:" >&2
-        for group in "$@"; do list=packages_$group; echo "  ${!list}" >&2; done
-        echo "Going on as if it were." >&2
+    if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+        need_commands "$@"
         return
     fi
     for group in "$@"; do
