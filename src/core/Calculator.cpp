@@ -205,20 +205,15 @@ bool Calculator::IsReservedVariableName(const QString& name) const
     return IsReservedBuiltInName(name) || customFunctions.Definitions().contains(name.trimmed().toUpper());
 }
 
-bool Calculator::EvaluateVariableAssignment(const QString& text, QString& name, QString& expression, bool& reserved,
-                                            bool& ok, double& value)
+std::optional<VariableAssignment> Calculator::EvaluateVariableAssignment(const QString& text)
 {
-    reserved = ok = false;
-    value = 0;
-    if (!ParseVariableAssignment(text, name, expression))
-        return false;
-    reserved = IsReservedVariableName(name);
-    if (reserved || expression.isEmpty())
-        return true;
-    const Value found = EvaluateExpression(expression);
-    ok = found.has_value();
-    value = found.value_or(0);
-    return true;
+    VariableAssignment assignment;
+    if (!ParseVariableAssignment(text, assignment.name, assignment.expression))
+        return std::nullopt;
+    assignment.reserved = IsReservedVariableName(assignment.name);
+    if (!assignment.reserved && !assignment.expression.isEmpty())
+        assignment.value = EvaluateExpression(assignment.expression);
+    return assignment;
 }
 
 QString Calculator::GetVariablesList()

@@ -14,6 +14,7 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 /// The user's choices that decide how a line is read and shown. The menus' check marks hold them.
 struct CalculatorOptions {
@@ -36,6 +37,14 @@ struct WorkspaceValues {
     QString ansDateTimeText; ///< `ANS` as the date-time language reads it, if `ansIsDateTime`
     bool ansIsDateTime = false;
     QString formatPattern; ///< empty: the default format; see engine/AnswerFormat.h
+};
+
+/// A line that assigns a variable, or tries to.
+struct VariableAssignment {
+    QString name;          ///< as typed
+    QString expression;    ///< trimmed; may be empty
+    bool reserved = false; ///< no variable can have this name
+    Value value;           ///< nothing where `reserved`, where the expression is empty or where it has no value
 };
 
 class Calculator {
@@ -92,14 +101,9 @@ public:
     /// Whether no variable can have this name: the language has it, or a custom function.
     bool IsReservedVariableName(const QString& name) const;
 
-    /// Takes a line of the form `name = expression` apart and evaluates it; nothing is stored.
-    ///
-    /// @param name      as typed
-    /// @param reserved  the name belongs to the language
-    /// @param ok        whether `value` was found; false where `reserved` or `expression` is empty
-    /// @return whether the line has that form
-    bool EvaluateVariableAssignment(const QString& text, QString& name, QString& expression, bool& reserved, bool& ok,
-                                    double& value);
+    /// Takes a line of the form `name = expression` apart and evaluates it; nothing is stored. Nothing where the line
+    /// has not that form.
+    std::optional<VariableAssignment> EvaluateVariableAssignment(const QString& text);
 
     /// A line for each variable, "-No Variables-" where there are none; no line feed at the end.
     QString GetVariablesList();

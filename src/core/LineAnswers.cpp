@@ -22,18 +22,15 @@ std::optional<QString> PreviewFunctionDefinition(Calculator&, const QString& lin
 
 std::optional<QString> PreviewAssignment(Calculator& calculator, const QString& line)
 {
-    QString name;
-    QString expression;
-    bool reserved = false;
-    bool ok = false;
-    double value = 0;
-    if (!calculator.EvaluateVariableAssignment(line, name, expression, reserved, ok, value))
+    const std::optional<VariableAssignment> assignment = calculator.EvaluateVariableAssignment(line);
+    if (!assignment)
         return std::nullopt;
-    if (reserved)
-        return u"Invalid variable name: "_s + name;
-    if (expression.isEmpty())
-        return QString(name + u" ="_s);
-    return QString(name + u" = "_s + (ok ? calculator.FormatAnswer(value) : u"Cannot Solve"_s));
+    if (assignment->reserved)
+        return u"Invalid variable name: "_s + assignment->name;
+    if (assignment->expression.isEmpty())
+        return assignment->name + u" ="_s;
+    return assignment->name + u" = "_s +
+           (assignment->value ? calculator.FormatAnswer(*assignment->value) : u"Cannot Solve"_s);
 }
 
 std::optional<QString> PreviewDateTime(Calculator& calculator, const QString& line)
@@ -108,24 +105,20 @@ Submission SubmitExpression(Calculator& calculator, const QString& line)
 
 std::optional<Submission> SubmitAssignment(Calculator& calculator, const QString& line)
 {
-    QString name;
-    QString expression;
-    bool reserved = false;
-    bool ok = false;
-    double value = 0;
-    if (!calculator.EvaluateVariableAssignment(line, name, expression, reserved, ok, value))
+    const std::optional<VariableAssignment> assignment = calculator.EvaluateVariableAssignment(line);
+    if (!assignment)
         return std::nullopt;
-    if (reserved) {
-        const QString refusal = u"Cannot use "_s + name + u" as a variable name"_s;
+    if (assignment->reserved) {
+        const QString refusal = u"Cannot use "_s + assignment->name + u" as a variable name"_s;
         return LineWithStatus(refusal, false, refusal);
     }
-    if (expression.isEmpty())
+    if (assignment->expression.isEmpty())
         return StatusOnly(u"Variable has no value"_s);
-    if (!ok)
+    if (!assignment->value)
         return StatusOnly(u"Cannot Solve Variable"_s);
-    const QString key = name.toUpper();
-    calculator.values.variables.insert(key, value);
-    const QString assigned = key + u" = "_s + calculator.FormatAnswer(value);
+    const QString key = assignment->name.toUpper();
+    calculator.values.variables.insert(key, *assignment->value);
+    const QString assigned = key + u" = "_s + calculator.FormatAnswer(*assignment->value);
     return LineWithStatus(assigned, true, assigned);
 }
 

@@ -1,50 +1,30 @@
 #include "core/engine/Substitution.h"
 
 #include "core/engine/Characters.h"
+#include "core/engine/NamesInText.h"
 #include "core/engine/NumberText.h"
-
-#include <algorithm>
 
 namespace {
 
 constexpr int answerDigits = 15;
 constexpr int exactDigits = 17; // enough to read the same double back
 
-bool BeginsName(QChar c)
-{
-    return IsAsciiLetter(c) || c == u'_';
-}
-
-// Behind the name or number literal at `position`, or `position` where neither begins there.
-qsizetype WordEnd(QStringView text, qsizetype position)
-{
-    if (!BeginsName(text[position]))
-        return NumberLiteralEnd(text, position);
-    while (position < text.size() && IsAsciiWord(text[position]))
-        ++position;
-    return position;
-}
-
-// The text with a part of each name replaced. `replacement` gets a name and says, by a view of it that reaches to the
-// name's end, which part goes and what comes; an empty view leaves the name as it is.
+// The text with the tail of each name replaced. `replacement` gets a name, sets what comes in brackets and gives the
+// number of characters that go; 0 leaves the name as it is.
 template <typename Replacement>
 QString ReplaceNames(const QString& text, Replacement replacement)
 {
     QString replaced;
     qsizetype copied = 0;
-    for (qsizetype position = 0; position < text.size();) {
-        const qsizetype start = position;
-        const qsizetype end = WordEnd(text, start);
-        position = std::max(end, start + 1);
-        if (end == start || !BeginsName(text[start]))
-            continue;
+    ForEachName(text, [&](qsizetype start, qsizetype length) {
         QString value;
-        const qsizetype size = replacement(QStringView(text).sliced(start, end - start), value);
+        const qsizetype size = replacement(QStringView(text).sliced(start, length), value);
         if (size == 0)
-            continue;
+            return;
+        const qsizetype end = start + length;
         replaced += QStringView(text).sliced(copied, end - size - copied) + u'(' + value + u')';
         copied = end;
-    }
+    });
     return copied == 0 ? text : replaced + QStringView(text).sliced(copied);
 }
 

@@ -2,7 +2,7 @@
 
 #include "core/engine/ExpressionReader.h"
 #include "core/solver/EquationText.h"
-#include "core/solver/NamesInText.h"
+#include "core/engine/NamesInText.h"
 
 #include <QHash>
 #include <QSet>

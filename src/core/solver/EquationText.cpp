@@ -4,7 +4,7 @@
 #include "core/engine/NumberText.h"
 #include "core/engine/Substitution.h"
 #include "core/engine/WordSet.h"
-#include "core/solver/NamesInText.h"
+#include "core/engine/NamesInText.h"
 
 #include <QHash>
 #include <QSet>
