@@ -58,6 +58,7 @@ private:
     struct Rooms;
 
     void InitializeMenus();
+    void CommitPad();
     void UpdatePreviewAt(int position);
     bool TakeEnter();
     bool ClearLabelOfEmptyPad();
@@ -72,4 +73,7 @@ private:
     // The editor tells of changes of its own before it, and those must not be taken for it.
     static constexpr int noEnter = -1;
     int enterPosition = noEnter;
+
+    static constexpr int notCommitted = -1;
+    int committedRevision = notCommitted; // of the pad's text that the end of the session has put into the log
 };

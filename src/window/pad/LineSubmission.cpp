@@ -2,7 +2,9 @@
 
 #include "core/CommandText.h"
 #include "core/LineAnswers.h"
+#include "core/WindowCommands.h"
 #include "window/pad/Pad.h"
+#include "window/status/Information.h"
 
 #include <QLabel>
 
@@ -26,6 +28,8 @@ struct LineSubmission::Try {
 const LineSubmission::Try LineSubmission::tries[] = {
     {Try::Offered::Always, {}, &LineSubmission::TryEquationBlock},
     {Try::Offered::ForCommand, {u"MENU"}, &LineSubmission::TryMenuOption},
+    {Try::Offered::ForWord, {u"INFO"}, &LineSubmission::TryInformation},
+    {Try::Offered::ForWord, {u"UPTIME"}, &LineSubmission::TryUptime},
     {Try::Offered::Always, {}, &LineSubmission::TryCustomFunctionCommand},
     {Try::Offered::Always, {}, &LineSubmission::TryFraction},
     {Try::Offered::ForWord, {u"CLR", u"CLS", u"CLEAR"}, &LineSubmission::TryClear},
@@ -41,6 +45,7 @@ const LineSubmission::Try LineSubmission::tries[] = {
      &LineSubmission::TryNotTopmost},
     {Try::Offered::ForCommand, {u"FONT"}, &LineSubmission::TryFontSize},
     {Try::Offered::ForCommand, {u"FORMAT"}, &LineSubmission::TryFormat},
+    {Try::Offered::Always, {}, &LineSubmission::TryWindowsCommand},
     {Try::Offered::Always, {}, &LineSubmission::TryAssignment},
     {Try::Offered::Always, {}, &LineSubmission::TryEquation},
     {Try::Offered::Always, {}, &LineSubmission::TryExpression},
@@ -137,6 +142,16 @@ std::optional<Submission> LineSubmission::TryMenuOption(const Line& line)
     return commands.SetMenuOption(line.rest);
 }
 
+std::optional<Submission> LineSubmission::TryInformation(const Line&)
+{
+    return LineWithStatus(information.BuildInfoText(), false, u"Information displayed"_s);
+}
+
+std::optional<Submission> LineSubmission::TryUptime(const Line&)
+{
+    return LineWithStatus(information.BuildUptimeText(), true, u"Application uptime displayed"_s);
+}
+
 std::optional<Submission> LineSubmission::TryCustomFunctionCommand(const Line& line)
 {
     bool changed = false;
@@ -201,6 +216,14 @@ std::optional<Submission> LineSubmission::TryFontSize(const Line& line)
 std::optional<Submission> LineSubmission::TryFormat(const Line& line)
 {
     return SubmitFormat(calculator, line.rest);
+}
+
+std::optional<Submission> LineSubmission::TryWindowsCommand(const Line& line)
+{
+    QString result;
+    if (!HandleWindowsCommand(line.text, result))
+        return std::nullopt;
+    return LineWithStatus(result, false, u"Windows command completed"_s);
 }
 
 std::optional<Submission> LineSubmission::TryAssignment(const Line& line)

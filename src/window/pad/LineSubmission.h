@@ -12,13 +12,15 @@
 #include <optional>
 
 class Calculator;
+class Information;
 class Pad;
 class QLabel;
 
 class LineSubmission {
 public:
-    LineSubmission(Calculator& workspace, Pad& mainPad, QLabel& statusLabel, PadCommands padCommands)
-        : calculator(workspace), pad(mainPad), label(statusLabel), commands(padCommands)
+    LineSubmission(Calculator& workspace, Pad& mainPad, QLabel& statusLabel, PadCommands padCommands,
+                   const Information& report)
+        : calculator(workspace), pad(mainPad), label(statusLabel), commands(padCommands), information(report)
     {
     }
 
@@ -51,6 +53,8 @@ private:
 
     std::optional<Submission> TryEquationBlock(const Line& line);
     std::optional<Submission> TryMenuOption(const Line& line);
+    std::optional<Submission> TryInformation(const Line& line);
+    std::optional<Submission> TryUptime(const Line& line);
     std::optional<Submission> TryCustomFunctionCommand(const Line& line);
     std::optional<Submission> TryFraction(const Line& line);
     std::optional<Submission> TryClear(const Line& line);
@@ -64,6 +68,7 @@ private:
     std::optional<Submission> TryNotTopmost(const Line& line);
     std::optional<Submission> TryFontSize(const Line& line);
     std::optional<Submission> TryFormat(const Line& line);
+    std::optional<Submission> TryWindowsCommand(const Line& line);
     std::optional<Submission> TryAssignment(const Line& line);
     std::optional<Submission> TryEquation(const Line& line);
     std::optional<Submission> TryExpression(const Line& line);
@@ -76,4 +81,5 @@ private:
     Pad& pad;
     QLabel& label;
     PadCommands commands;
+    const Information& information;
 };
