@@ -8,7 +8,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
-#include <QLocale>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QMimeData>
@@ -22,8 +21,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A document up to this size is in the pad in a moment; for a larger one the user is asked.
+// Up to these sizes a text is in the pad within about a second, as measured; beyond one of them the user is asked. The
+// editor lays a line out as a whole, and takes the square of a word's length to break it.
 constexpr qint64 largeFile = 10'000'000; // bytes
+constexpr qsizetype manyLines = 300'000;
+constexpr qsizetype longLine = 500'000; // characters
+constexpr qsizetype longWord = 50'000;  // characters
 
 // Positions in the pad are of this type, and no byte of a file is more than one character.
 constexpr qint64 largestFile = std::numeric_limits<int>::max() / 2; // bytes
@@ -44,6 +47,26 @@ void Warn(QWidget& parent, const QString& title, const QString& text)
     QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, &parent);
     box.setTextFormat(Qt::PlainText);
     box.exec();
+}
+
+bool TakesLongToShow(QStringView text)
+{
+    qsizetype lines = 1;
+    qsizetype lineStart = 0;
+    qsizetype wordStart = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (!text[i].isSpace()) {
+            if (i - lineStart > longLine || i - wordStart > longWord)
+                return true;
+            continue;
+        }
+        wordStart = i + 1;
+        if (text[i] == u'\n') {
+            lineStart = i + 1;
+            ++lines;
+        }
+    }
+    return lines > manyLines;
 }
 
 void MoveToStart(QPlainTextEdit& pad)
@@ -167,22 +190,25 @@ bool Documents::ReadDocumentFile(const QString& path, QString& text)
 {
     QFile file(path);
     const bool readable = QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) && file.size() <= largestFile;
-    if (readable && file.size() > largeFile && !ConfirmLargeFile(path, file.size()))
+    const bool large = readable && file.size() > largeFile;
+    if (large && !ConfirmLargeFile(path))
         return false;
     const QByteArray bytes = readable ? file.readAll() : QByteArray();
     if (!readable || file.error() != QFileDevice::NoError) {
         Warn(window, u"Cannot Open File"_s, u"Quellbrook could not open:\n\n"_s + path);
         return false;
     }
-    text = DecodeDocument(bytes);
+    const QString decoded = DecodeDocument(bytes);
+    if (!large && TakesLongToShow(decoded) && !ConfirmLargeFile(path))
+        return false;
+    text = decoded;
     return true;
 }
 
-bool Documents::ConfirmLargeFile(const QString& path, qint64 bytes)
+bool Documents::ConfirmLargeFile(const QString& path)
 {
     QMessageBox box(QMessageBox::Question, u"Large Document"_s,
-                    u"This file holds "_s + QLocale().formattedDataSize(bytes) +
-                        u" and may keep the pad busy for a while:\n\n"_s + path,
+                    u"This file is so large that it may keep the pad busy for a while:\n\n"_s + path,
                     QMessageBox::Open | QMessageBox::Cancel, &window);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(QMessageBox::Cancel);

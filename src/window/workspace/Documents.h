@@ -29,7 +29,8 @@ public:
     void SaveDocument();
     void SaveDocumentAs();
 
-    /// Replaces the pad's text and makes the file the document. A large file is read only if the user says so.
+    /// Replaces the pad's text and makes the file the document. A file that would keep the pad busy is
+    /// read only if the user says so.
     bool OpenDocumentFromPath(const QString& path);
 
     /// Inserts the file's text at the cursor, over a selection; the document stays what it was.
@@ -46,7 +47,7 @@ public:
 
 private:
     bool ReadDocumentFile(const QString& path, QString& text);
-    bool ConfirmLargeFile(const QString& path, qint64 bytes);
+    bool ConfirmLargeFile(const QString& path);
     bool WriteDocumentFile(const QString& path);
 
     QMainWindow& window;
