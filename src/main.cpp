@@ -1,3 +1,4 @@
+#include "window/CloseSignals.h"
 #include "window/MainWindow.h"
 
 #include <QApplication>
@@ -7,5 +8,6 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     MainWindow window;
     window.show();
+    const CloseSignals closeSignals(window);
     return QApplication::exec();
 }

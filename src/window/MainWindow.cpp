@@ -6,6 +6,7 @@
 #include "window/pad/Pad.h"
 #include "window/pad/PadActivity.h"
 #include "window/pad/PadCommands.h"
+#include "window/status/Information.h"
 #include "window/workspace/CalculationLog.h"
 #include "window/workspace/DataDirectory.h"
 #include "window/workspace/Documents.h"
@@ -56,8 +57,10 @@ bool BringsLineFeed(const QKeyEvent& key)
 struct MainWindow::Rooms {
     Rooms(MainWindow& window, Ui::MainWindow& form)
         : calculator({[&form] { return CheckedOptions(form); }}), pad(form.Text1),
-          commands(window, form, calculator, pad), submission(calculator, pad, *form.Label1, activity, commands),
-          documents(window, *form.Text1, *form.Label1, *form.actionSave_Document)
+          commands(window, form, calculator, pad),
+          documents(window, *form.Text1, *form.Label1, *form.actionSave_Document),
+          information(window, form, calculator, documents, window.uptimeClock),
+          submission(calculator, pad, *form.Label1, activity, commands, information)
     {
     }
 
@@ -65,8 +68,9 @@ struct MainWindow::Rooms {
     Calculator calculator;
     Pad pad;
     PadCommands commands;
-    LineSubmission submission;
     Documents documents;
+    Information information;
+    LineSubmission submission;
 };
 
 // A static library's resources are linked only where somebody asks for them, from outside any namespace.
@@ -90,6 +94,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), ui(std::make_uniq
     PrepareDataDirectory();
     LoadSettings();
     InitializeMenus();
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::CommitPad);
     rooms->documents.UpdateDocumentWindowTitle();
 }
 
@@ -129,9 +134,17 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    WriteLog();
+    if (committedRevision != ui->Text1->document()->revision())
+        WriteLog();
     rooms->activity.equationSolveCancelRequested = true; // a search that runs must not outlive the window
     QMainWindow::closeEvent(event);
+}
+
+// The session is about to end. It may yet go on, or close the window with the same pad; that is one entry.
+void MainWindow::CommitPad()
+{
+    WriteLog();
+    committedRevision = ui->Text1->document()->revision();
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)

@@ -58,6 +58,7 @@ private:
     struct Rooms;
 
     void InitializeMenus();
+    void CommitPad();
     void UpdatePreviewAt(int position);
     bool TakeEnter();
     bool ClearLabelOfEmptyPad();
@@ -75,4 +76,6 @@ private:
 
     // Its line feed came during a search, which it stopped: the next change of the text goes the way of that Enter.
     bool enterDue = false;
+    static constexpr int notCommitted = -1;
+    int committedRevision = notCommitted; // of the pad's text that the end of the session has put into the log
 };

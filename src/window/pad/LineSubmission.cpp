@@ -2,10 +2,12 @@
 
 #include "core/CommandText.h"
 #include "core/LineAnswers.h"
+#include "core/WindowCommands.h"
 #include "core/solver/EquationBlock.h"
 #include "core/symbolic/SymbolicCommands.h"
 #include "window/pad/Pad.h"
 #include "window/pad/PadActivity.h"
+#include "window/status/Information.h"
 
 #include <QCoreApplication>
 #include <QLabel>
@@ -31,6 +33,8 @@ struct LineSubmission::Try {
 const LineSubmission::Try LineSubmission::tries[] = {
     {Try::Offered::Always, {}, &LineSubmission::TryEquationBlock},
     {Try::Offered::ForCommand, {u"MENU"}, &LineSubmission::TryMenuOption},
+    {Try::Offered::ForWord, {u"INFO"}, &LineSubmission::TryInformation},
+    {Try::Offered::ForWord, {u"UPTIME"}, &LineSubmission::TryUptime},
     {Try::Offered::Always, {}, &LineSubmission::TryCustomFunctionCommand},
     {Try::Offered::Always, {}, &LineSubmission::TryFraction},
     {Try::Offered::ForWord, {u"CLR", u"CLS", u"CLEAR"}, &LineSubmission::TryClear},
@@ -47,6 +51,7 @@ const LineSubmission::Try LineSubmission::tries[] = {
     {Try::Offered::Always, {}, &LineSubmission::TrySymbolicCommand},
     {Try::Offered::ForCommand, {u"FONT"}, &LineSubmission::TryFontSize},
     {Try::Offered::ForCommand, {u"FORMAT"}, &LineSubmission::TryFormat},
+    {Try::Offered::Always, {}, &LineSubmission::TryWindowsCommand},
     {Try::Offered::Always, {}, &LineSubmission::TryAssignment},
     {Try::Offered::Always, {}, &LineSubmission::TryComparison},
     {Try::Offered::Always, {}, &LineSubmission::TryEquation},
@@ -143,6 +148,16 @@ std::optional<Submission> LineSubmission::TryMenuOption(const Line& line)
     return commands.SetMenuOption(line.rest);
 }
 
+std::optional<Submission> LineSubmission::TryInformation(const Line&)
+{
+    return LineWithStatus(information.BuildInfoText(), false, u"Information displayed"_s);
+}
+
+std::optional<Submission> LineSubmission::TryUptime(const Line&)
+{
+    return LineWithStatus(information.BuildUptimeText(), true, u"Application uptime displayed"_s);
+}
+
 std::optional<Submission> LineSubmission::TryCustomFunctionCommand(const Line& line)
 {
     bool changed = false;
@@ -212,6 +227,14 @@ std::optional<Submission> LineSubmission::TryFontSize(const Line& line)
 std::optional<Submission> LineSubmission::TryFormat(const Line& line)
 {
     return SubmitFormat(calculator, line.rest);
+}
+
+std::optional<Submission> LineSubmission::TryWindowsCommand(const Line& line)
+{
+    QString result;
+    if (!HandleWindowsCommand(line.text, result))
+        return std::nullopt;
+    return LineWithStatus(result, false, u"Windows command completed"_s);
 }
 
 std::optional<Submission> LineSubmission::TryAssignment(const Line& line)

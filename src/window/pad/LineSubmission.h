@@ -12,6 +12,7 @@
 #include <optional>
 
 class Calculator;
+class Information;
 class Pad;
 class QLabel;
 struct PadActivity;
@@ -19,8 +20,9 @@ struct PadActivity;
 class LineSubmission {
 public:
     LineSubmission(Calculator& workspace, Pad& mainPad, QLabel& statusLabel, PadActivity& padActivity,
-                   PadCommands padCommands)
-        : calculator(workspace), pad(mainPad), label(statusLabel), activity(padActivity), commands(padCommands)
+                   PadCommands padCommands, const Information& report)
+        : calculator(workspace), pad(mainPad), label(statusLabel), activity(padActivity), commands(padCommands),
+          information(report)
     {
     }
 
@@ -53,6 +55,8 @@ private:
 
     std::optional<Submission> TryEquationBlock(const Line& line);
     std::optional<Submission> TryMenuOption(const Line& line);
+    std::optional<Submission> TryInformation(const Line& line);
+    std::optional<Submission> TryUptime(const Line& line);
     std::optional<Submission> TryCustomFunctionCommand(const Line& line);
     std::optional<Submission> TryFraction(const Line& line);
     std::optional<Submission> TryClear(const Line& line);
@@ -67,6 +71,7 @@ private:
     std::optional<Submission> TrySymbolicCommand(const Line& line);
     std::optional<Submission> TryFontSize(const Line& line);
     std::optional<Submission> TryFormat(const Line& line);
+    std::optional<Submission> TryWindowsCommand(const Line& line);
     std::optional<Submission> TryAssignment(const Line& line);
     std::optional<Submission> TryComparison(const Line& line);
     std::optional<Submission> TryEquation(const Line& line);
@@ -81,4 +86,5 @@ private:
     QLabel& label;
     PadActivity& activity;
     PadCommands commands;
+    const Information& information;
 };

@@ -20,7 +20,7 @@ void PrepareDataDirectory()
     for (const QString& fileName : {u"Quellbrook.ini"_s, u"Quellbrook.log"_s}) {
         const QString old = QDir(QCoreApplication::applicationDirPath()).filePath(fileName);
         const QString own = DataFilePath(fileName);
-        if (old != own && QFile::exists(old) && !QFile::exists(own))
-            QFile::copy(old, own);
+        if (old != own && QFile::exists(old) && !QFile::exists(own) && QFile::copy(old, own))
+            QFile::setPermissions(own, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
     }
 }

@@ -9,5 +9,5 @@
 QString DataFilePath(const QString& fileName);
 
 /// Makes the data directory and copies settings and log from beside the executable where it has none of its own.
-/// What fails fails in silence; nothing is ever overwritten.
+/// The copies can be read by their owner alone. What fails fails in silence; nothing is ever overwritten.
 void PrepareDataDirectory();

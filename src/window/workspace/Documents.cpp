@@ -1,6 +1,7 @@
 #include "window/workspace/Documents.h"
 
 #include "core/workspace/DocumentText.h"
+#include "core/workspace/FileReplacement.h"
 
 #include <QAction>
 #include <QFile>
@@ -14,9 +15,21 @@
 #include <QPushButton>
 #include <QUrl>
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// Up to these sizes a text is in the pad within about a second, as measured; beyond one of them the user is asked. The
+// editor lays a line out as a whole, and takes the square of a word's length to break it.
+constexpr qint64 largeFile = 10'000'000; // bytes
+constexpr qsizetype manyLines = 300'000;
+constexpr qsizetype longLine = 500'000; // characters
+constexpr qsizetype longWord = 50'000;  // characters
+
+// Positions in the pad are of this type, and no byte of a file is more than one character.
+constexpr qint64 largestFile = std::numeric_limits<int>::max() / 2; // bytes
 
 QString FileName(const QString& path)
 {
@@ -36,6 +49,26 @@ void Warn(QWidget& parent, const QString& title, const QString& text)
     box.exec();
 }
 
+bool TakesLongToShow(QStringView text)
+{
+    qsizetype lines = 1;
+    qsizetype lineStart = 0;
+    qsizetype wordStart = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (!text[i].isSpace()) {
+            if (i - lineStart > longLine || i - wordStart > longWord)
+                return true;
+            continue;
+        }
+        wordStart = i + 1;
+        if (text[i] == u'\n') {
+            lineStart = i + 1;
+            ++lines;
+        }
+    }
+    return lines > manyLines;
+}
+
 void MoveToStart(QPlainTextEdit& pad)
 {
     QTextCursor cursor = pad.textCursor();
@@ -43,9 +76,10 @@ void MoveToStart(QPlainTextEdit& pad)
     pad.setTextCursor(cursor);
 }
 
-// The pad's text without the format of the character that the cursor stood behind.
+// The editor gives the text the format of the character that the cursor stood behind, which may be an answer's bold.
 void ReplaceText(QPlainTextEdit& pad, const QString& text)
 {
+    MoveToStart(pad);
     pad.setCurrentCharFormat(QTextCharFormat());
     pad.setPlainText(text);
     MoveToStart(pad);
@@ -109,7 +143,7 @@ bool Documents::InsertDocumentFromPath(const QString& path)
     if (!ReadDocumentFile(path, text))
         return false;
     QTextCursor cursor = pad.textCursor();
-    cursor.insertText(text);
+    cursor.insertText(text, QTextCharFormat());
     pad.setTextCursor(cursor);
     label.setText(u"Inserted "_s + FileName(path));
     return true;
@@ -117,8 +151,11 @@ bool Documents::InsertDocumentFromPath(const QString& path)
 
 void Documents::UpdateDocumentWindowTitle()
 {
-    const QString title = u"Quellbrook"_s;
-    window.setWindowTitle(documentPath.isEmpty() ? title : QString(title + u" - "_s + FileName(documentPath)));
+    QString title = u"Quellbrook"_s;
+    if (!documentPath.isEmpty())
+        title +=
+            u" - "_s + FileName(documentPath).replace(u"[*]"_s, u"[*][*]"_s); // a single one marks a modified window
+    window.setWindowTitle(title);
     save.setEnabled(!documentPath.isEmpty());
 }
 
@@ -148,27 +185,42 @@ QString Documents::DroppedFile(const QMimeData* data)
     return QString();
 }
 
+// Only a file is read: a pipe or a device may have no end.
 bool Documents::ReadDocumentFile(const QString& path, QString& text)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    const bool readable = QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) && file.size() <= largestFile;
+    const bool large = readable && file.size() > largeFile;
+    if (large && !ConfirmLargeFile(path))
+        return false;
+    const QByteArray bytes = readable ? file.readAll() : QByteArray();
+    if (!readable || file.error() != QFileDevice::NoError) {
         Warn(window, u"Cannot Open File"_s, u"Quellbrook could not open:\n\n"_s + path);
         return false;
     }
-    text = DecodeDocument(file.readAll());
+    const QString decoded = DecodeDocument(bytes);
+    if (!large && TakesLongToShow(decoded) && !ConfirmLargeFile(path))
+        return false;
+    text = decoded;
     return true;
+}
+
+bool Documents::ConfirmLargeFile(const QString& path)
+{
+    QMessageBox box(QMessageBox::Question, u"Large Document"_s,
+                    u"This file is so large that it may keep the pad busy for a while:\n\n"_s + path,
+                    QMessageBox::Open | QMessageBox::Cancel, &window);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::Cancel);
+    return box.exec() == QMessageBox::Open;
 }
 
 bool Documents::WriteDocumentFile(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+    const FileReplacement outcome = ReplaceFileContents(path, pad.toPlainText().toUtf8());
+    if (outcome == FileReplacement::CannotOpen)
         Warn(window, u"Cannot Save File"_s, u"Quellbrook could not save:\n\n"_s + path);
-        return false;
-    }
-    const QByteArray bytes = pad.toPlainText().toUtf8();
-    const bool complete = file.write(bytes) == bytes.size() && file.flush();
-    if (!complete)
+    else if (outcome == FileReplacement::Incomplete)
         Warn(window, u"Cannot Save File"_s, u"Quellbrook could not completely save:\n\n"_s + path);
-    return complete;
+    return outcome == FileReplacement::Complete;
 }

@@ -1,5 +1,5 @@
 // The pad's document: at most one file, plain text. No operation asks about unsaved changes; each tells a failure in a
-// message of its own and then leaves everything as it was.
+// message of its own and then leaves everything as it was, the file on the disk included.
 #pragma once
 
 #include <QString>
@@ -20,14 +20,23 @@ public:
     {
     }
 
+    /// The document's file as it was named; empty for an unnamed pad.
+    const QString& Path() const { return documentPath; }
+
     void NewDocument();
     void OpenDocument();
     void InsertDocument();
     void SaveDocument();
     void SaveDocumentAs();
 
+    /// Replaces the pad's text and makes the file the document. A file that would keep the pad busy is
+    /// read only if the user says so.
     bool OpenDocumentFromPath(const QString& path);
+
+    /// Inserts the file's text at the cursor, over a selection; the document stays what it was.
     bool InsertDocumentFromPath(const QString& path);
+
+    /// Sets the window's title and whether there is something to save to.
     void UpdateDocumentWindowTitle();
 
     /// Asks what to do with a dropped file, and does it.
@@ -38,11 +47,12 @@ public:
 
 private:
     bool ReadDocumentFile(const QString& path, QString& text);
+    bool ConfirmLargeFile(const QString& path);
     bool WriteDocumentFile(const QString& path);
 
     QMainWindow& window;
     QPlainTextEdit& pad;
     QLabel& label;
     QAction& save;
-    QString documentPath; // empty: an unnamed pad
+    QString documentPath;
 };

@@ -3,7 +3,7 @@
 #include "core/Calculator.h"
 #include "core/engine/ReservedNames.h"
 #include "window/MainWindow.h"
-#include "window/workspace/DataDirectory.h"
+#include "window/workspace/SettingsFile.h"
 
 #include "ui_MainWindow.h"
 
@@ -59,16 +59,11 @@ QString SavedOutputBase(const Ui::MainWindow& form)
     return u"DEC"_s;
 }
 
-QString SettingsPath()
-{
-    return DataFilePath(u"Quellbrook.ini"_s);
-}
-
 } // namespace
 
 void LoadWorkspaceSettings(MainWindow& window, Ui::MainWindow& form, Calculator& calculator)
 {
-    QSettings settings(SettingsPath(), QSettings::IniFormat);
+    QSettings settings(SettingsFilePath(), QSettings::IniFormat);
     if (settings.contains(u"Font"_s))
         form.Text1->setFont(settings.value(u"Font"_s).value<QFont>());
     if (settings.contains(u"Format"_s))
@@ -88,16 +83,16 @@ void LoadWorkspaceSettings(MainWindow& window, Ui::MainWindow& form, Calculator&
 
 void SaveWorkspaceSettings(const MainWindow& window, const Ui::MainWindow& form, const Calculator& calculator)
 {
-    QSettings settings(SettingsPath(), QSettings::IniFormat);
-    settings.setValue(u"Font"_s, form.Text1->font());
-    settings.setValue(u"Format"_s, calculator.values.formatPattern);
-    for (const OptionKey& option : optionKeys)
-        settings.setValue(option.key, (form.*option.action)->isChecked());
-    settings.setValue(u"OutputBase"_s, SavedOutputBase(form));
-    calculator.customFunctions.SaveCustomFunctions(settings);
-    settings.setValue(u"TopMost"_s, window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-    settings.setValue(u"WindowGeometry"_s, window.saveGeometry());
-    settings.sync();
+    ChangeSettingsFile([&](QSettings& settings) {
+        settings.setValue(u"Font"_s, form.Text1->font());
+        settings.setValue(u"Format"_s, calculator.values.formatPattern);
+        for (const OptionKey& option : optionKeys)
+            settings.setValue(option.key, (form.*option.action)->isChecked());
+        settings.setValue(u"OutputBase"_s, SavedOutputBase(form));
+        calculator.customFunctions.SaveCustomFunctions(settings);
+        settings.setValue(u"TopMost"_s, window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+        settings.setValue(u"WindowGeometry"_s, window.saveGeometry());
+    });
 }
 
 void ApplyTopMostState(MainWindow& window, bool on)

@@ -14,7 +14,7 @@ class MainWindow;
 /// Puts what the file holds into the live state.
 void LoadWorkspaceSettings(MainWindow& window, Ui::MainWindow& form, Calculator& calculator);
 
-/// Writes the live state.
+/// Writes the live state; the keys of others stay. A file that cannot be written stays as it is, without a word.
 void SaveWorkspaceSettings(const MainWindow& window, const Ui::MainWindow& form, const Calculator& calculator);
 
 /// Keeps the window above others, or no longer.
