@@ -12,6 +12,8 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include <ctime>
+
 class MenusTest : public QObject {
     Q_OBJECT
 
@@ -29,6 +31,7 @@ private slots:
     void BulkWaitsItsTurn();
     void BulkIsOneUndoStep();
     void MenusWaitForBulk();
+    void BulkGrowsWithItsLines();
 
 private:
     QTemporaryDir home;
@@ -255,6 +258,36 @@ void MenusTest::MenusWaitForBulk()
     QCOMPARE(labels, QStringList(3, "Please finish the current calculation first"));
     QCOMPARE(typed.Markup(), "1+1\n<b>2</b>\n");
     QCOMPARE(typed.Label(), "Value = 2");
+}
+
+// Seconds of processor time for a run over the first lines of a document.
+static double BulkSeconds(int lines, int documentLines)
+{
+    TypedWindow typed;
+    typed.pad()->setPlainText(QStringList(documentLines, "1234.5+6*2").join('\n'));
+    QTextCursor cursor = typed.pad()->textCursor();
+    cursor.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor, lines);
+    if (lines == documentLines)
+        cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+    typed.pad()->setTextCursor(cursor);
+    const std::clock_t start = std::clock();
+    typed.Action("actionExecuteSelectedLines")->trigger();
+    const std::clock_t end = std::clock();
+    [&] { QCOMPARE(typed.pad()->blockCount(), documentLines + 2 * lines); }();
+    return double(end - start) / CLOCKS_PER_SEC;
+}
+
+// The bounds leave room for noise; work that grew with the document would be far beyond them.
+void MenusTest::BulkGrowsWithItsLines()
+{
+    BulkSeconds(100, 100);
+    const double few = BulkSeconds(1000, 1000);
+    const double many = BulkSeconds(10000, 10000);
+    const double fewOfMany = BulkSeconds(1000, 50000);
+    qInfo("1,000 lines %.0f ms, 10,000 lines %.0f ms, 1,000 of 50,000 lines %.0f ms", few * 1e3, many * 1e3,
+          fewOfMany * 1e3);
+    QVERIFY(many < 30 * few);
+    QVERIFY(fewOfMany < 8 * few);
 }
 
 QTEST_MAIN(MenusTest)
