@@ -3,6 +3,7 @@
 #include "core/Calculator.h"
 #include "core/LineAnswers.h"
 #include "window/pad/LineSubmission.h"
+#include "window/pad/Menus.h"
 #include "window/pad/Pad.h"
 #include "window/pad/PadActivity.h"
 #include "window/pad/PadCommands.h"
@@ -14,12 +15,11 @@
 
 #include "ui_MainWindow.h"
 
-#include <QActionGroup>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QFontDialog>
 #include <QKeyEvent>
-#include <QMessageBox>
 #include <QMimeData>
 
 #include <algorithm>
@@ -60,7 +60,8 @@ struct MainWindow::Rooms {
           commands(window, form, calculator, pad),
           documents(window, *form.Text1, *form.Label1, *form.actionSave_Document),
           information(window, form, calculator, documents, window.uptimeClock),
-          submission(calculator, pad, *form.Label1, activity, commands, information)
+          submission(calculator, pad, *form.Label1, activity, commands, information),
+          menus(window, form, pad, submission, activity, {})
     {
     }
 
@@ -71,6 +72,7 @@ struct MainWindow::Rooms {
     Documents documents;
     Information information;
     LineSubmission submission;
+    Menus menus;
 };
 
 // A static library's resources are linked only where somebody asks for them, from outside any namespace.
@@ -93,38 +95,18 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), ui(std::make_uniq
     ui->Text1->viewport()->installEventFilter(this);
     PrepareDataDirectory();
     LoadSettings();
-    InitializeMenus();
+    rooms->menus.InitializeMenus(); // after the settings, so that their check marks run nothing
     connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::CommitPad);
     rooms->documents.UpdateDocumentWindowTitle();
 }
 
 MainWindow::~MainWindow() = default;
 
-// Wired after the settings are read, so that reading them sets the check marks and runs nothing.
-void MainWindow::InitializeMenus()
-{
-    auto* bases = new QActionGroup(this);
-    for (QAction* base : {ui->actionOutputBaseDecimal, ui->actionOutputBaseBinary, ui->actionOutputBaseOctal,
-                          ui->actionOutputBaseHexadecimal})
-        bases->addAction(base);
-    connect(bases, &QActionGroup::triggered, this,
-            [this](const QAction* base) { ui->Label1->setText(u"Output Base = "_s + base->text()); });
-    connect(ui->actionAlwaysOnTop, &QAction::triggered, this, [this](bool on) {
-        on ? on_actionSet_As_Top_Most_TopMost_triggered() : on_actionSet_As_Not_Top_Most_Not_TopMost_triggered();
-    });
-    connect(ui->menuOptions, &QMenu::aboutToShow, this,
-            [this] { ui->actionAlwaysOnTop->setChecked(windowFlags().testFlag(Qt::WindowStaysOnTopHint)); });
-    connect(ui->menuEdit, &QMenu::aboutToShow, this,
-            [this] { ui->actionCopyWithoutFormatting->setEnabled(ui->Text1->textCursor().hasSelection()); });
-    connect(ui->actionAbout, &QAction::triggered, this, [this] {
-        QMessageBox::about(this, u"About Quellbrook"_s,
-                           u"Quellbrook\n\nA calculator pad with variables, equation solving, symbolic tools, and "
-                           "typed commands."_s);
-    });
-}
-
 bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::ContextMenu &&
+        rooms->menus.ShowContextMenu(watched, *static_cast<QContextMenuEvent*>(event)))
+        return true;
     if (watched == ui->Text1 && event->type() == QEvent::KeyPress) {
         const bool enter = BringsLineFeed(*static_cast<QKeyEvent*>(event));
         enterPosition = enter ? ui->Text1->textCursor().selectionStart() + 1 : noEnter;
@@ -216,6 +198,15 @@ bool MainWindow::TakeEnter()
     return true;
 }
 
+void MainWindow::EnterAt(int position)
+{
+    QTextCursor cursor = ui->Text1->textCursor();
+    cursor.setPosition(position);
+    ui->Text1->setTextCursor(cursor);
+    enterPosition = position + 1;
+    ui->Text1->insertPlainText(u"\n"_s);
+}
+
 void MainWindow::UpdatePreviewAt(int position)
 {
     ui->Label1->setText(PreviewText(rooms->calculator, rooms->pad.Text().LineAt(position)));
@@ -283,6 +274,7 @@ void MainWindow::on_actionClear_Pad_triggered()
     rooms->calculator.values.variables.clear();
     ui->Text1->clear();
     ui->Label1->clear();
+    rooms->menus.RefreshMenus();
 }
 
 void MainWindow::WriteLog()
@@ -302,7 +294,7 @@ void MainWindow::on_actionShow_Log_triggered()
 
 void MainWindow::on_actionLog_Viewer_triggered()
 {
-    ShowLog();
+    rooms->menus.ShowLogViewer();
 }
 
 void MainWindow::on_actionSave_Settings_triggered()

@@ -22,6 +22,12 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+    /// Presses Enter at a position of the pad: the line there is submitted.
+    void EnterAt(int position);
+
+    /// A change of the pad that is still to come is not the one of an Enter key.
+    void ForgetEnter() { enterPosition = noEnter; }
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -57,7 +63,6 @@ public slots:
 private:
     struct Rooms;
 
-    void InitializeMenus();
     void CommitPad();
     void UpdatePreviewAt(int position);
     bool TakeEnter();
