@@ -10,6 +10,7 @@
 #include "window/workspace/DataDirectory.h"
 #include "window/workspace/Documents.h"
 #include "window/workspace/Settings.h"
+#include "window/workspace/WorkspaceSnapshot.h"
 
 #include "ui_MainWindow.h"
 
@@ -57,8 +58,23 @@ struct MainWindow::Rooms {
     Rooms(MainWindow& window, Ui::MainWindow& form)
         : calculator({[&form] { return CheckedOptions(form); }}), pad(form.Text1),
           commands(window, form, calculator, pad), submission(calculator, pad, *form.Label1, commands),
-          documents(window, *form.Text1, *form.Label1, *form.actionSave_Document)
+          snapshot(form, calculator, &window), undo(UndoSurroundingsOf(window, form)),
+          documents(window, *form.Text1, *form.Label1, *form.actionSave_Document, undo)
     {
+    }
+
+    UndoSurroundings UndoSurroundingsOf(MainWindow& window, Ui::MainWindow& form)
+    {
+        return {[this] { return snapshot.CaptureUndoState(); },
+                [this, &window](const UndoState& state) {
+                    snapshot.RestoreUndoState(state);
+                    window.enterPosition = noEnter;
+                },
+                [this] { return activity.IsBusy(); },
+                [this, &form] {
+                    form.actionUndo->setEnabled(undo.CanUndo());
+                    form.actionRedo->setEnabled(undo.CanRedo());
+                }};
     }
 
     PadActivity activity;
@@ -66,6 +82,8 @@ struct MainWindow::Rooms {
     Pad pad;
     PadCommands commands;
     LineSubmission submission;
+    WorkspaceSnapshot snapshot;
+    UndoHistory undo;
     Documents documents;
 };
 
@@ -104,6 +122,14 @@ void MainWindow::InitializeMenus()
         bases->addAction(base);
     connect(bases, &QActionGroup::triggered, this,
             [this](const QAction* base) { ui->Label1->setText(u"Output Base = "_s + base->text()); });
+    ui->actionUndo->setShortcuts(QKeySequence::Undo);
+    ui->actionRedo->setShortcuts(QKeySequence::Redo);
+    connect(ui->actionUndo, &QAction::triggered, this, [this] { rooms->undo.UndoPadState(); });
+    connect(ui->actionRedo, &QAction::triggered, this, [this] { rooms->undo.RedoPadState(); });
+    connect(ui->actionUse_Word_Oporators, &QAction::triggered, this,
+            [this](bool on) { rooms->undo.UpdateUndoHistoryWordOperators(on); });
+    connect(ui->actionIgnore_Text_When_Cannot_Solve, &QAction::triggered, this,
+            [this](bool on) { rooms->undo.UpdateUndoHistoryIgnoreText(on); });
     connect(ui->actionAlwaysOnTop, &QAction::triggered, this, [this](bool on) {
         on ? on_actionSet_As_Top_Most_TopMost_triggered() : on_actionSet_As_Not_Top_Most_Not_TopMost_triggered();
     });
@@ -121,7 +147,10 @@ void MainWindow::InitializeMenus()
 bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == ui->Text1 && event->type() == QEvent::KeyPress) {
-        const bool enter = BringsLineFeed(*static_cast<QKeyEvent*>(event));
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (TakeUndoKey(key, rooms->undo))
+            return true;
+        const bool enter = BringsLineFeed(key);
         enterPosition = enter ? ui->Text1->textCursor().selectionStart() + 1 : noEnter;
     }
     return QMainWindow::eventFilter(watched, event);
@@ -237,6 +266,7 @@ void MainWindow::on_actionSet_As_Not_Top_Most_Not_TopMost_triggered()
 void MainWindow::SetNumberFormat(const QString& pattern, const QString& status)
 {
     rooms->calculator.values.formatPattern = pattern;
+    rooms->undo.UpdateUndoHistoryValueFormat(pattern);
     ui->Label1->setText(status);
 }
 
@@ -257,9 +287,12 @@ void MainWindow::on_actionClear_triggered()
 
 void MainWindow::on_actionClear_Pad_triggered()
 {
+    rooms->undo.SaveUndoState();
+    rooms->undo.CloseUndoEditTransaction();
     if (ui->actionSave_Log_On_Clear->isChecked())
         WriteLog();
     rooms->calculator.values.variables.clear();
+    ui->Text1->setCurrentCharFormat(QTextCharFormat()); // the empty pad takes on the weight at the cursor
     ui->Text1->clear();
     ui->Label1->clear();
 }

@@ -1,6 +1,7 @@
 #include "window/workspace/Documents.h"
 
 #include "core/workspace/DocumentText.h"
+#include "core/workspace/UndoHistory.h"
 
 #include <QAction>
 #include <QFile>
@@ -56,6 +57,7 @@ void ReplaceText(QPlainTextEdit& pad, const QString& text)
 void Documents::NewDocument()
 {
     documentPath.clear();
+    undo.ForgetUndoHistory();
     ReplaceText(pad, QString());
     UpdateDocumentWindowTitle();
     label.setText(u"New Document"_s);
@@ -96,6 +98,7 @@ bool Documents::OpenDocumentFromPath(const QString& path)
     QString text;
     if (!ReadDocumentFile(path, text))
         return false;
+    undo.ForgetUndoHistory();
     ReplaceText(pad, text);
     documentPath = path;
     UpdateDocumentWindowTitle();
@@ -108,6 +111,7 @@ bool Documents::InsertDocumentFromPath(const QString& path)
     QString text;
     if (!ReadDocumentFile(path, text))
         return false;
+    undo.BeginFinalUndoEdit();
     QTextCursor cursor = pad.textCursor();
     cursor.insertText(text);
     pad.setTextCursor(cursor);
