@@ -12,6 +12,7 @@
 #include "window/workspace/DataDirectory.h"
 #include "window/workspace/Documents.h"
 #include "window/workspace/Settings.h"
+#include "window/workspace/WorkspaceSnapshot.h"
 
 #include "ui_MainWindow.h"
 
@@ -57,18 +58,61 @@ bool BringsLineFeed(const QKeyEvent& key)
 struct MainWindow::Rooms {
     Rooms(MainWindow& window, Ui::MainWindow& form)
         : calculator({[&form] { return CheckedOptions(form); }}), pad(form.Text1),
-          commands(window, form, calculator, pad),
-          documents(window, *form.Text1, *form.Label1, *form.actionSave_Document),
+          commands(window, form, calculator, pad), snapshot(form, calculator, &window),
+          undo(UndoSurroundingsOf(window, form)),
+          documents(window, *form.Text1, *form.Label1, *form.actionSave_Document, undo),
           information(window, form, calculator, documents, window.uptimeClock),
           submission(calculator, pad, *form.Label1, activity, commands, information),
-          menus(window, form, pad, submission, activity, {})
+          menus(window, form, pad, submission, activity, MenuHooksOf(form))
     {
+        information.undoStates = [this] { return undo.UndoCount(); };
+        information.redoStates = [this] { return undo.RedoCount(); };
+    }
+
+    UndoSurroundings UndoSurroundingsOf(MainWindow& window, Ui::MainWindow& form)
+    {
+        return {[this] { return snapshot.CaptureUndoState(); },
+                [this, &window](const UndoState& state) {
+                    snapshot.RestoreUndoState(state);
+                    window.enterPosition = noEnter;
+                },
+                [this] { return activity.IsBusy(); },
+                [this, &form] {
+                    form.actionUndo->setEnabled(undo.CanUndo());
+                    form.actionRedo->setEnabled(undo.CanRedo());
+                }};
+    }
+
+    MenuHooks MenuHooksOf(const Ui::MainWindow& form)
+    {
+        MenuHooks hooks;
+        hooks.takeUndoStep = [this] {
+            undo.SaveUndoState();
+            undo.CloseUndoEditTransaction();
+        };
+        hooks.beginUndoEditTransaction = [this] { undo.BeginUndoEditTransaction(); };
+        hooks.undoPadState = [this] { undo.UndoPadState(); };
+        hooks.redoPadState = [this] { undo.RedoPadState(); };
+        hooks.updateUndoRedoActions = [this, &form] {
+            form.actionUndo->setEnabled(undo.CanUndo());
+            form.actionRedo->setEnabled(undo.CanRedo());
+        };
+        hooks.updateUndoHistoryWordOperators = [this, &form] {
+            undo.UpdateUndoHistoryWordOperators(form.actionUse_Word_Oporators->isChecked());
+        };
+        hooks.updateUndoHistoryIgnoreText = [this, &form] {
+            undo.UpdateUndoHistoryIgnoreText(form.actionIgnore_Text_When_Cannot_Solve->isChecked());
+        };
+        hooks.keepUndoHistoryClean = [this](const MenuHooks::Hook& runMenu) { undo.RunEditingMenu(runMenu); };
+        return hooks;
     }
 
     PadActivity activity;
     Calculator calculator;
     Pad pad;
     PadCommands commands;
+    WorkspaceSnapshot snapshot;
+    UndoHistory undo;
     Documents documents;
     Information information;
     LineSubmission submission;
@@ -108,7 +152,10 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
         rooms->menus.ShowContextMenu(watched, *static_cast<QContextMenuEvent*>(event)))
         return true;
     if (watched == ui->Text1 && event->type() == QEvent::KeyPress) {
-        const bool enter = BringsLineFeed(*static_cast<QKeyEvent*>(event));
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (TakeUndoKey(key, rooms->undo))
+            return true;
+        const bool enter = BringsLineFeed(key);
         enterPosition = enter ? ui->Text1->textCursor().selectionStart() + 1 : noEnter;
     }
     return QMainWindow::eventFilter(watched, event);
@@ -249,6 +296,7 @@ void MainWindow::on_actionSet_As_Not_Top_Most_Not_TopMost_triggered()
 void MainWindow::SetNumberFormat(const QString& pattern, const QString& status)
 {
     rooms->calculator.values.formatPattern = pattern;
+    rooms->undo.UpdateUndoHistoryValueFormat(pattern);
     ui->Label1->setText(status);
 }
 
@@ -269,9 +317,12 @@ void MainWindow::on_actionClear_triggered()
 
 void MainWindow::on_actionClear_Pad_triggered()
 {
+    rooms->undo.SaveUndoState();
+    rooms->undo.CloseUndoEditTransaction();
     if (ui->actionSave_Log_On_Clear->isChecked())
         WriteLog();
     rooms->calculator.values.variables.clear();
+    ui->Text1->setCurrentCharFormat(QTextCharFormat()); // the empty pad takes on the weight at the cursor
     ui->Text1->clear();
     ui->Label1->clear();
     rooms->menus.RefreshMenus();

@@ -171,7 +171,8 @@ bool Menus::ShowContextMenu(const QObject* watched, const QContextMenuEvent& eve
     const std::unique_ptr<QMenu> menu(
         MakePadContextMenu(*pad.Editor(), form.actionCopyWithoutFormatting, form.actionExecuteSelectedLines));
     const auto run = [&menu, place] { menu->exec(place); };
-    if (hooks.keepUndoHistoryClean)
+    const bool mayEdit = pad.Editor()->textCursor().hasSelection() || pad.Editor()->canPaste();
+    if (hooks.keepUndoHistoryClean && mayEdit)
         hooks.keepUndoHistoryClean(run);
     else
         run();

@@ -2,6 +2,7 @@
 
 #include "core/workspace/DocumentText.h"
 #include "core/workspace/FileReplacement.h"
+#include "core/workspace/UndoHistory.h"
 
 #include <QAction>
 #include <QFile>
@@ -90,6 +91,7 @@ void ReplaceText(QPlainTextEdit& pad, const QString& text)
 void Documents::NewDocument()
 {
     documentPath.clear();
+    undo.ForgetUndoHistory();
     ReplaceText(pad, QString());
     UpdateDocumentWindowTitle();
     label.setText(u"New Document"_s);
@@ -130,6 +132,7 @@ bool Documents::OpenDocumentFromPath(const QString& path)
     QString text;
     if (!ReadDocumentFile(path, text))
         return false;
+    undo.ForgetUndoHistory();
     ReplaceText(pad, text);
     documentPath = path;
     UpdateDocumentWindowTitle();
@@ -142,6 +145,7 @@ bool Documents::InsertDocumentFromPath(const QString& path)
     QString text;
     if (!ReadDocumentFile(path, text))
         return false;
+    undo.BeginFinalUndoEdit();
     QTextCursor cursor = pad.textCursor();
     cursor.insertText(text, QTextCharFormat());
     pad.setTextCursor(cursor);

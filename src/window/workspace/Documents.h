@@ -9,14 +9,16 @@ class QLabel;
 class QMainWindow;
 class QMimeData;
 class QPlainTextEdit;
+class UndoHistory;
 
 class Documents {
 public:
-    /// Serves the window, its pad and its status label, all of which must outlive it.
+    /// Serves the window, its pad, its status label and its undo history, all of which must outlive it.
     ///
     /// @param saveAction  enabled exactly while there is a document
-    Documents(QMainWindow& mainWindow, QPlainTextEdit& padEditor, QLabel& statusLabel, QAction& saveAction)
-        : window(mainWindow), pad(padEditor), label(statusLabel), save(saveAction)
+    Documents(QMainWindow& mainWindow, QPlainTextEdit& padEditor, QLabel& statusLabel, QAction& saveAction,
+              UndoHistory& undoHistory)
+        : window(mainWindow), pad(padEditor), label(statusLabel), save(saveAction), undo(undoHistory)
     {
     }
 
@@ -54,5 +56,6 @@ private:
     QPlainTextEdit& pad;
     QLabel& label;
     QAction& save;
-    QString documentPath;
+    UndoHistory& undo;
+    QString documentPath; // empty: an unnamed pad
 };

@@ -42,7 +42,7 @@ void InformationTest::Report()
                                      "  Variables:            0\n"
                                      "  Custom Functions:     0\n"
                                      "  ANS:                  0\n"
-                                     "  Undo States:          0\n"
+                                     "  Undo States:          1\n"
                                      "  Redo States:          0\n"
                                      "\n"
                                      "Calculation\n"

@@ -1,0 +1,190 @@
+#include "window/workspace/WorkspaceSnapshot.h"
+
+#include "core/Calculator.h"
+
+#include "ui_MainWindow.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QTextBlock>
+
+#include <algorithm>
+
+namespace {
+
+bool IsBold(const QTextCharFormat& format)
+{
+    return format.intProperty(QTextFormat::FontWeight) >= QFont::Bold;
+}
+
+QTextCharFormat FormatOf(const PadRun& run)
+{
+    QTextCharFormat format;
+    if (run.bold)
+        format.setProperty(QTextFormat::FontWeight, static_cast<int>(QFont::Bold));
+    return format;
+}
+
+// What of a fragment stands between two positions.
+void AppendFragment(WeightedText& text, const QTextFragment& fragment, int from, int end)
+{
+    const int first = std::max(from, fragment.position());
+    const int behind = std::min(end, fragment.position() + fragment.length());
+    if (first < behind) {
+        const QString all = fragment.text();
+        text.Append(QStringView(all).sliced(first - fragment.position(), behind - first),
+                    IsBold(fragment.charFormat()));
+    }
+}
+
+// A block's end has a weight as well: what is typed into the empty line behind it takes it on.
+WeightedText TextBetween(const QTextDocument& document, int from, int end)
+{
+    WeightedText text;
+    for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() < end; block = block.next()) {
+        for (auto run = block.begin(); !run.atEnd(); ++run)
+            AppendFragment(text, run.fragment(), from, end);
+        if (block.position() + block.length() <= end)
+            text.Append(u"\n", IsBold(block.next().charFormat()));
+    }
+    return text;
+}
+
+// Makes `change` in the document; the cursor given back holds what was inserted.
+QTextCursor Apply(const TextChange& change, QTextDocument* document)
+{
+    QTextCursor cursor(document);
+    cursor.beginEditBlock();
+    cursor.setPosition(change.position);
+    cursor.setPosition(change.position + change.removed, QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+    for (const PadRun& run : change.inserted)
+        cursor.insertText(run.text, FormatOf(run));
+    cursor.endEditBlock();
+    cursor.setPosition(change.position, QTextCursor::KeepAnchor);
+    return cursor;
+}
+
+// The scroll bar counts the lines on the screen, but one for each block that is not laid out yet. Lays out what was
+// inserted until there are as many as there were.
+void LayOut(const QTextCursor& inserted, int lineCount)
+{
+    const QTextDocument& document = *inserted.document();
+    for (QTextBlock block = document.findBlock(inserted.selectionStart());
+         block.isValid() && block.position() <= inserted.selectionEnd() && document.lineCount() != lineCount;
+         block = block.next())
+        document.documentLayout()->blockBoundingRect(block);
+}
+
+bool IsEnter(const QKeyEvent& key)
+{
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
+// Whether a key other than Enter may change the text; most that type something do.
+bool MayEdit(const QKeyEvent& key)
+{
+    if (key.matches(QKeySequence::Cut) || key.matches(QKeySequence::Paste))
+        return true;
+    if (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backspace || key.key() == Qt::Key_Delete || IsEnter(key))
+        return true;
+    return !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) && !key.text().isEmpty();
+}
+
+} // namespace
+
+WorkspaceSnapshot::WorkspaceSnapshot(Ui::MainWindow& mainForm, Calculator& workspace, QObject* parent)
+    : QObject(parent), form(mainForm), pad(*mainForm.Text1), calculator(workspace)
+{
+    pad.document()->setUndoRedoEnabled(false);
+    connect(pad.document(), &QTextDocument::contentsChange, this, &WorkspaceSnapshot::FollowEdit);
+    FollowEdit(0, 0, pad.document()->characterCount());
+}
+
+// The counts of the toolkit may reach past the text's end; what lies before the change and what lies behind it is told
+// exactly.
+void WorkspaceSnapshot::FollowEdit(int from, int, int added)
+{
+    const int length = pad.document()->characterCount() - 1;
+    const int end = std::min(from + added, length);
+    const int removed = padText.Length() - from - (length - end);
+    padText.Replace(from, removed, TextBetween(*pad.document(), from, end));
+}
+
+UndoState WorkspaceSnapshot::CaptureUndoState() const
+{
+    const QTextCursor cursor = pad.textCursor();
+    UndoState state;
+    state.text = padText;
+    state.values = calculator.values;
+    state.customFunctions = calculator.customFunctions.Definitions();
+    state.useWordOperators = form.actionUse_Word_Oporators->isChecked();
+    state.ignoreText = form.actionIgnore_Text_When_Cannot_Solve->isChecked();
+    state.statusText = form.Label1->text();
+    state.cursorPosition = cursor.position();
+    state.anchorPosition = cursor.anchor();
+    state.lineCount = pad.document()->lineCount();
+    state.verticalScroll = pad.verticalScrollBar()->value();
+    return state;
+}
+
+void WorkspaceSnapshot::RestoreUndoState(const UndoState& state)
+{
+    const QSignalBlocker padBlocker(pad);
+    const QSignalBlocker wordOperatorsBlocker(form.actionUse_Word_Oporators);
+    const QSignalBlocker ignoreTextBlocker(form.actionIgnore_Text_When_Cannot_Solve);
+    RestoreText(state);
+    calculator.values = state.values;
+    calculator.customFunctions.SetDefinitions(state.customFunctions);
+    form.actionUse_Word_Oporators->setChecked(state.useWordOperators);
+    form.actionIgnore_Text_When_Cannot_Solve->setChecked(state.ignoreText);
+    RestoreCursor(state.anchorPosition, state.cursorPosition);
+    pad.verticalScrollBar()->setValue(state.verticalScroll);
+    form.Label1->setText(state.statusText);
+    pad.setFocus(Qt::OtherFocusReason);
+    pad.ensureCursorVisible();
+}
+
+// One change is one edit of the document: a single edit around all of them would reach from the first to the last and
+// lay out all that lies between. Afterwards the text followed is the state's own, so that it shares its pieces.
+void WorkspaceSnapshot::RestoreText(const UndoState& state)
+{
+    QList<QTextCursor> inserted;
+    for (const TextChange& change : padText.ChangesTo(state.text))
+        inserted.append(Apply(change, pad.document()));
+    for (const QTextCursor& part : inserted)
+        LayOut(part, state.lineCount);
+    if (padText.ChangesTo(state.text).isEmpty())
+        padText = state.text;
+}
+
+void WorkspaceSnapshot::RestoreCursor(int anchor, int position)
+{
+    const int length = padText.Length();
+    QTextCursor cursor(pad.document());
+    cursor.setPosition(std::clamp(anchor, 0, length));
+    cursor.setPosition(std::clamp(position, 0, length), QTextCursor::KeepAnchor);
+    pad.setTextCursor(cursor);
+}
+
+bool TakeUndoKey(const QKeyEvent& key, UndoHistory& history)
+{
+    if (key.matches(QKeySequence::Undo)) {
+        history.UndoPadState();
+        return true;
+    }
+    if (key.matches(QKeySequence::Redo)) {
+        history.RedoPadState();
+        return true;
+    }
+    if (IsEnter(key) && !(key.modifiers() & Qt::ShiftModifier)) {
+        if (!history.IsBusy())
+            history.BeginFinalUndoEdit();
+        history.CloseUndoEditTransaction();
+    } else if (!history.IsBusy() && MayEdit(key)) {
+        history.BeginUndoEditTransaction();
+    }
+    return false;
+}

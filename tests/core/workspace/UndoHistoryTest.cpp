@@ -1,0 +1,151 @@
+// The history over a workspace that is a word: each letter of a row's events does something to it.
+#include "core/workspace/UndoHistory.h"
+
+#include <QTest>
+
+namespace {
+
+struct Workspace {
+    Workspace()
+        : history({[this] { return Capture(); }, [this](const UndoState& state) { text = state.text.Content().text; },
+                   [this] { return busy; }, [] {}})
+    {
+    }
+
+    UndoState Capture() const
+    {
+        UndoState state;
+        WeightedText weighted;
+        weighted.Append(text, false);
+        state.text.Replace(0, 0, weighted);
+        return state;
+    }
+
+    void Command(QChar letter)
+    {
+        history.SaveUndoState();
+        history.CloseUndoEditTransaction();
+        text += letter;
+    }
+
+    void Edit(QChar letter)
+    {
+        history.BeginUndoEditTransaction();
+        text += letter;
+    }
+
+    void Do(QChar event)
+    {
+        switch (event.unicode()) {
+        case 'u':
+            return history.UndoPadState();
+        case 'r':
+            return history.RedoPadState();
+        case 'n':
+            return history.ForgetUndoHistory();
+        case 'B':
+            busy = true;
+            return;
+        case 'E': // Enter
+            history.BeginFinalUndoEdit();
+            text += event;
+            return;
+        case 'C': // a command
+            return Command(event);
+        case 'm': // a menu that is dismissed
+            return history.RunEditingMenu([] {});
+        case 'p': // a menu whose entry pastes
+            return history.RunEditingMenu([this, event] { Edit(event); });
+        case 'c': // a menu whose entry is a command
+            return history.RunEditingMenu([this, event] { Command(event); });
+        default:
+            return Edit(event);
+        }
+    }
+
+    QString text;
+    bool busy = false;
+    UndoHistory history;
+};
+
+} // namespace
+
+class UndoHistoryTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void Steps_data();
+    void Steps();
+    void Limit();
+    void MenuAtTheLimit();
+};
+
+void UndoHistoryTest::Steps_data()
+{
+    QTest::addColumn<QString>("events");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("undoCount");
+    QTest::addColumn<int>("redoCount");
+    // clang-format off
+    QTest::newRow("a run of edits is one step")                     << "abdu"    << ""     << 0 << 1;
+    QTest::newRow("Enter ends a run and belongs to it")             << "abEu"    << ""     << 0 << 1;
+    QTest::newRow("Enter without a run is a step")                  << "EEu"     << "E"    << 1 << 1;
+    QTest::newRow("a command is a step of its own")                 << "abCu"    << "ab"   << 1 << 1;
+    QTest::newRow("redo leaves what else can be redone")            << "ECCuuur" << "E"    << 1 << 2;
+    QTest::newRow("an edit after undo ends redo")                   << "ECua"    << "Ea"   << 2 << 0;
+    QTest::newRow("nothing to undo is silent")                      << "aEuuu"   << ""     << 0 << 1;
+    QTest::newRow("nothing to redo is silent")                      << "aErr"    << "aE"   << 1 << 0;
+    QTest::newRow("a busy workspace undoes nothing")                << "aEBu"    << "aE"   << 1 << 0;
+    QTest::newRow("forgetting leaves nothing either way")           << "ECunaa"  << "Eaa"  << 1 << 0;
+    QTest::newRow("a dismissed menu leaves no step")                << "Em"      << "E"    << 1 << 0;
+    QTest::newRow("a dismissed menu costs what could be redone")    << "ECum"    << "E"    << 1 << 0;
+    QTest::newRow("a dismissed menu leaves a run open")             << "amb"     << "ab"   << 1 << 0;
+    QTest::newRow("an edit by menu opens a run")                    << "Epau"    << "E"    << 1 << 1;
+    QTest::newRow("a command by menu is one step")                  << "Ecu"     << "E"    << 1 << 1;
+    // clang-format on
+}
+
+void UndoHistoryTest::Steps()
+{
+    QFETCH(QString, events);
+    Workspace workspace;
+    for (const QChar event : events)
+        workspace.Do(event);
+    QTEST(workspace.text, "text");
+    QTEST(int(workspace.history.UndoCount()), "undoCount");
+    QTEST(int(workspace.history.RedoCount()), "redoCount");
+}
+
+void UndoHistoryTest::Limit()
+{
+    Workspace workspace;
+    for (int i = 0; i < 130; ++i)
+        workspace.Do('E');
+    QCOMPARE(workspace.history.UndoCount(), 100);
+    while (workspace.history.CanUndo())
+        workspace.Do('u');
+    QCOMPARE(workspace.text.size(), 30);
+    QCOMPARE(workspace.history.RedoCount(), 100);
+    while (workspace.history.CanRedo())
+        workspace.Do('r');
+    QCOMPARE(workspace.text.size(), 130);
+}
+
+void UndoHistoryTest::MenuAtTheLimit()
+{
+    for (const QChar menu : QString("mc")) {
+        Workspace workspace;
+        for (int i = 0; i < 100; ++i)
+            workspace.Do('E');
+        workspace.Do(menu);
+        while (workspace.history.CanUndo()) {
+            const QString before = workspace.text;
+            workspace.Do('u');
+            QVERIFY2(workspace.text != before, "a step that changes nothing");
+        }
+        QVERIFY(menu != 'm' || workspace.text.isEmpty());
+    }
+}
+
+QTEST_APPLESS_MAIN(UndoHistoryTest)
+#include "UndoHistoryTest.moc"
