@@ -2,6 +2,7 @@
 
 #include "core/CommandText.h"
 #include "core/LineAnswers.h"
+#include "core/manual/HelpCommand.h"
 #include "window/pad/Pad.h"
 
 #include <QLabel>
@@ -39,6 +40,7 @@ const LineSubmission::Try LineSubmission::tries[] = {
     {Try::Offered::ForWord,
      {u"NOT ON TOP", u"NOTONTOP", u"NOT TOPMOST", u"NOT TOP MOST"},
      &LineSubmission::TryNotTopmost},
+    {Try::Offered::Always, {}, &LineSubmission::TryHelp},
     {Try::Offered::ForCommand, {u"FONT"}, &LineSubmission::TryFontSize},
     {Try::Offered::ForCommand, {u"FORMAT"}, &LineSubmission::TryFormat},
     {Try::Offered::Always, {}, &LineSubmission::TryAssignment},
@@ -191,6 +193,15 @@ std::optional<Submission> LineSubmission::TryTopmost(const Line&)
 std::optional<Submission> LineSubmission::TryNotTopmost(const Line&)
 {
     return commands.ClearTopmost();
+}
+
+// No window shows the page yet, so the pad does.
+std::optional<Submission> LineSubmission::TryHelp(const Line& line)
+{
+    const std::optional<HelpPage> page = HandleHelpCommand(line.text);
+    if (!page)
+        return std::nullopt;
+    return Submission{u"Help"_s, FormattedHelpText(page->text)};
 }
 
 std::optional<Submission> LineSubmission::TryFontSize(const Line& line)
