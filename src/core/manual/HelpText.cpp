@@ -9,7 +9,7 @@ namespace {
 // The details without the title that their first line repeats.
 QString WithoutTitle(const HelpEntry& entry)
 {
-    const QString text = entry.details.trimmed();
+    QString text = entry.details.trimmed();
     const auto firstLineEnd = text.indexOf(u'\n');
     const QString firstLine = text.first(firstLineEnd < 0 ? text.size() : firstLineEnd).trimmed();
     if (NormalizeHelpKey(firstLine) != NormalizeHelpKey(entry.title))
@@ -64,7 +64,8 @@ QString BuildFullHelp(const QList<HelpEntry>& entries)
 
 QString BuildSearchResults(const QList<HelpEntry>& entries, const QString& query, bool afterFailedTopic)
 {
-    const QStringList words = query.simplified().split(u' ', Qt::SkipEmptyParts);
+    QStringList words = query.simplified().split(u' ', Qt::SkipEmptyParts);
+    words.removeDuplicates();
     QString matches;
     int count = 0;
     for (const HelpEntry& entry : entries) {
