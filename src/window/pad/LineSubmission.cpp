@@ -3,6 +3,7 @@
 #include "core/CommandText.h"
 #include "core/LineAnswers.h"
 #include "core/WindowCommands.h"
+#include "core/manual/HelpCommand.h"
 #include "core/solver/EquationBlock.h"
 #include "core/symbolic/SymbolicCommands.h"
 #include "window/pad/Pad.h"
@@ -48,6 +49,7 @@ const LineSubmission::Try LineSubmission::tries[] = {
     {Try::Offered::ForWord,
      {u"NOT ON TOP", u"NOTONTOP", u"NOT TOPMOST", u"NOT TOP MOST"},
      &LineSubmission::TryNotTopmost},
+    {Try::Offered::Always, {}, &LineSubmission::TryHelp},
     {Try::Offered::Always, {}, &LineSubmission::TrySymbolicCommand},
     {Try::Offered::ForCommand, {u"FONT"}, &LineSubmission::TryFontSize},
     {Try::Offered::ForCommand, {u"FORMAT"}, &LineSubmission::TryFormat},
@@ -212,6 +214,15 @@ std::optional<Submission> LineSubmission::TryTopmost(const Line&)
 std::optional<Submission> LineSubmission::TryNotTopmost(const Line&)
 {
     return commands.ClearTopmost();
+}
+
+// No window shows the page yet, so the pad does.
+std::optional<Submission> LineSubmission::TryHelp(const Line& line)
+{
+    const std::optional<HelpPage> page = HandleHelpCommand(line.text);
+    if (!page)
+        return std::nullopt;
+    return Submission{u"Help"_s, FormattedHelpText(page->text)};
 }
 
 std::optional<Submission> LineSubmission::TrySymbolicCommand(const Line& line)

@@ -68,6 +68,7 @@ private:
     std::optional<Submission> TryRestore(const Line& line);
     std::optional<Submission> TryTopmost(const Line& line);
     std::optional<Submission> TryNotTopmost(const Line& line);
+    std::optional<Submission> TryHelp(const Line& line);
     std::optional<Submission> TrySymbolicCommand(const Line& line);
     std::optional<Submission> TryFontSize(const Line& line);
     std::optional<Submission> TryFormat(const Line& line);

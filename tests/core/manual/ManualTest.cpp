@@ -1,0 +1,269 @@
+// The manual never lies: what its articles show is what the calculator does.
+#include "core/LineAnswers.h"
+#include "core/engine/SyntaxCatalog.h"
+#include "core/manual/HelpArticles.h"
+#include "core/manual/HelpMenus.h"
+
+#include <QRegularExpression>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QList<HelpEntry>& Manual()
+{
+    static const QList<HelpEntry> entries = [] {
+        QList<HelpEntry> list;
+        BuildGeneralHelpEntries(list);
+        return list;
+    }();
+    return entries;
+}
+
+// The moment of which the articles' examples speak.
+Calculator WorkspaceOfTheManual()
+{
+    Surroundings outside;
+    outside.clock = [] { return QDateTime(QDate(2026, 9, 10), QTime(13, 30, 45)); };
+    return Calculator(outside);
+}
+
+// The first line of what the pad shows for a line.
+QString Answer(Calculator& calculator, const QString& typed)
+{
+    const QString line = calculator.NormalizeSubmittedMath(typed);
+    bool changed = false;
+    std::optional<Submission> submission = SubmitCustomFunctionCommand(calculator, line, changed);
+    if (!submission)
+        submission = SubmitFraction(calculator, line);
+    if (!submission)
+        submission = SubmitAssignment(calculator, line);
+    if (!submission)
+        submission = SubmitExpression(calculator, line);
+    return submission->runs.isEmpty() ? QString() : submission->runs.first().text.section(u'\n', 0, 0);
+}
+
+// The handler that a line would need and that does not stand in the core yet; empty where there is none.
+QString MissingHandler(Calculator calculator, const QString& typed)
+{
+    const QString line = calculator.NormalizeSubmittedMath(typed);
+    for (const QString command : {"SIMPLIFY", "ISOLATE"}) {
+        if (line.startsWith(command, Qt::CaseInsensitive))
+            return command;
+    }
+    bool changed = false;
+    if (SubmitCustomFunctionCommand(calculator, line, changed) || SubmitAssignment(calculator, line))
+        return QString();
+    if (line.contains(QRegularExpression(u"[<>≤≥≠]|=="_s)))
+        return u"comparisons"_s;
+    return line.contains(QRegularExpression(u"[={]"_s)) ? u"equations"_s : QString();
+}
+
+QStringList ExampleLines(const HelpEntry& entry)
+{
+    return entry.details.split(u'\n').filter(u" -> "_s);
+}
+
+} // namespace
+
+class ManualTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void Examples_data();
+    void Examples();
+    void FunctionArticlesAreWhole_data();
+    void FunctionArticlesAreWhole();
+    void SyntaxLinesCall_data();
+    void SyntaxLinesCall();
+    void ArticlesCanBeOpened();
+    void TableOfContents();
+};
+
+void ManualTest::Examples_data()
+{
+    QTest::addColumn<QStringList>("lines");
+    for (const HelpEntry& entry : Manual()) {
+        const QStringList lines = ExampleLines(entry);
+        for (qsizetype i = 0; i < lines.size(); ++i)
+            QTest::newRow(qPrintable(entry.title + u" | "_s + lines[i].trimmed())) << lines.first(i + 1);
+    }
+}
+
+// The examples of an article build on each other; the last of the row is the one to look at.
+void ManualTest::Examples()
+{
+    QFETCH(QStringList, lines);
+    Calculator calculator = WorkspaceOfTheManual();
+    QString missing;
+    for (const QString& line : lines) {
+        const auto arrow = line.indexOf(u" -> "_s);
+        const QString typed = line.first(arrow).trimmed();
+        if (missing.isEmpty() || !typed.contains(u"ANS")) // what goes on from a missing answer waits too
+            missing = MissingHandler(calculator, typed);
+        const QString answer = missing.isEmpty() ? Answer(calculator, typed) : QString();
+        if (&line != &lines.last())
+            continue;
+        if (!missing.isEmpty())
+            QSKIP(qPrintable(u"waits for the handler of "_s + missing));
+        QCOMPARE(answer, line.sliced(arrow + 4).trimmed());
+    }
+}
+
+void ManualTest::FunctionArticlesAreWhole_data()
+{
+    QTest::addColumn<int>("index");
+    for (int i = 0; i < Manual().size(); ++i) {
+        if (Manual()[i].details.contains(u"\nDescription:\n"))
+            QTest::newRow(qPrintable(Manual()[i].title)) << i;
+    }
+}
+
+void ManualTest::FunctionArticlesAreWhole()
+{
+    QFETCH(int, index);
+    const HelpEntry& entry = Manual()[index];
+    for (const QStringView heading :
+         {u"Description", u"Syntax", u"Arguments", u"Examples", u"Purpose", u"How It Works"})
+        QVERIFY2(!HelpSection(entry, heading).isEmpty(), qPrintable(heading.toString()));
+    QVERIFY2(ExampleLines(entry).size() >= 2, "two worked examples at least");
+    const QStringList syntax = HelpSection(entry, u"Syntax").split(u'\n');
+    const CalculatorSyntaxItem* item = FindCalculatorSyntaxItem(syntax.first().section(u'(', 0, 0));
+    QVERIFY(item);
+    QVERIFY2(syntax.contains(item->syntax) || syntax.contains(item->name), "the syntax hint says something else");
+}
+
+void ManualTest::SyntaxLinesCall_data()
+{
+    QTest::addColumn<QString>("syntax");
+    for (const HelpEntry& entry : Manual()) {
+        for (const QString& line : HelpSection(entry, u"Syntax").split(u'\n', Qt::SkipEmptyParts)) {
+            if (line.contains(u'(') && !line.contains(u'"'))
+                QTest::newRow(qPrintable(line)) << line;
+        }
+    }
+}
+
+namespace {
+
+// Something to stand for a parameter; 3 serves for all that are not told here.
+QString ArgumentFor(const QString& parameter)
+{
+    static const QHash<QString, QString> values = {
+        {"value", "0.5"},           {"rate", "0.01"},      {"periods", "10"},      {"presentValue", "100"},
+        {"payment", "20"},          {"futureValue", "50"}, {"cashFlow0", "-100"},  {"mmcSize", "10"},
+        {"lmcSize", "10"},          {"featureSize", "10"}, {"holeMMC", "10"},      {"maximum", "5"},
+        {"date", "\"1/1/2020\""},   {"time", "1:23:45"},   {"date1", "TODAY - 1"}, {"date2", "TODAY"},
+        {"birthDate", "TODAY - 9"}, {"...", "3, 8, 9"},
+    };
+    return values.value(parameter, u"3"_s);
+}
+
+QString Call(const QString& name, const QStringList& parameters)
+{
+    QStringList arguments;
+    std::transform(parameters.begin(), parameters.end(), std::back_inserter(arguments), ArgumentFor);
+    return name + u'(' + arguments.join(u", "_s) + u')';
+}
+
+} // namespace
+
+// A call with the arguments of its syntax line has an answer, with one more or one less it has none.
+void ManualTest::SyntaxLinesCall()
+{
+    QFETCH(QString, syntax);
+    const QString name = syntax.section(u'(', 0, 0);
+    const QString inside = syntax.section(u'(', 1).chopped(1);
+    static const QRegularExpression optional(u"\\[[^\\]]*\\]"_s);
+    static const QRegularExpression separator(u"[\\[\\], ]+"_s);
+    QStringList most = inside.split(separator, Qt::SkipEmptyParts);
+    const QStringList fewest = QString(inside).remove(optional).split(separator, Qt::SkipEmptyParts);
+    Calculator calculator = WorkspaceOfTheManual();
+    QVERIFY(Answer(calculator, Call(name, fewest)) != u"-Cannot Solve-");
+    QVERIFY(Answer(calculator, Call(name, most)) != u"-Cannot Solve-");
+    if (!inside.contains(u"...")) {
+        most.append(u"more"_s);
+        QCOMPARE(Answer(calculator, Call(name, most)), u"-Cannot Solve-"_s);
+        if (!fewest.isEmpty())
+            QCOMPARE(Answer(calculator, Call(name, fewest.mid(1))), u"-Cannot Solve-"_s);
+    }
+}
+
+// Every article and every alias has a way in: a word that opens it, or a menu's word, which stands before all articles.
+void ManualTest::ArticlesCanBeOpened()
+{
+    for (const HelpEntry& entry : Manual()) {
+        QStringList words = entry.aliases + QStringList(entry.title);
+        const bool opened = std::any_of(words.begin(), words.end(), [&](const QString& word) {
+            QString menu;
+            return FindHelpTopic(Manual(), word) == &entry && !BuildHelpSubmenu(word, Manual(), menu);
+        });
+        const bool secondOfItsTitle = entry.title == u"FRACTION" && FindHelpTopic(Manual(), entry.title) != &entry;
+        QVERIFY2(opened || secondOfItsTitle, qPrintable(entry.title));
+    }
+}
+
+void ManualTest::TableOfContents()
+{
+    struct Run {
+        QString category;
+        QString titles;
+    };
+    // clang-format off
+    const Run table[] = {
+        {"FUNCTIONS", "SQRT|ABS|SIGN|SIN|COS|TAN|ASIN|ACOS|ATAN|ATAN2|RAD|DEG|LOG|LN|EXP|ROUND|FLOOR|CEIL|GCD|LCM"},
+        {"PROGRAMMER MATH", "BIN|OCT|HEX|DEC|AND|OR|XOR|NOT|SHL|SHR|PROGRAMMER MATH"},
+        {"STATISTICS",
+         "MIN|MAX|SUM|AVG|MEDIAN|MODE|COUNT|RANGE|STDEV|STDEVP|VARIANCE|VARIANCEP|GEOMEAN|HARMEAN|"
+         "RMS|SUMSQ|PERCENTILE|QUARTILE|SKEW|KURTOSIS|RANDOM|RANDINT"},
+        {"FUNCTIONS", "FRACTION"},
+        {"FINANCIAL",
+         "FV|PV|PMT|NPER|RATE|IPMT|PPMT|BALANCE|INTEREST|COMPOUND|APY|APR|NPV|IRR|ROI|CAGR|"
+         "PERCENTCHANGE|MARKUP|MARGIN|DISCOUNT|TAX"},
+        {"GD&T",
+         "GD&T|POSITION|TRUEPOSITION|POSITION3D|RADIALDEV|DIAMETRALDEV|COORDDEV|BONUSTOL|TOTALTOL|"
+         "POSITIONALLOW|ZEROTOLMMC|VCINTERNAL|VCEXTERNAL|RCINTERNAL|RCEXTERNAL|BOUNDARYINTERNAL|"
+         "BOUNDARYEXTERNAL|FLOATINGFASTENER|FIXEDFASTENER|POSITIONMARGIN|POSITIONUTIL"},
+        {"DATE & TIME", "TODAY|NOW|DATE|DAYS|AGE|WEEKDAY|DAY|MONTH|YEAR|HOUR|MINUTE|SECOND"},
+        {"BASICS", "MATH|PERCENT (%)|OF OPERATOR|FACTORIAL (!)"},
+        {"CONVERSIONS", "UNIT CONVERSIONS"},
+        {"COMMANDS", "SIMPLIFY <expression or equation>"},
+        {"EQUATIONS", "ISOLATE <variable>, <equation>"},
+        {"BASICS", "FUNCTIONS"},
+        {"CUSTOM FUNCTIONS", "CUSTOM FUNCTIONS|CREATE FUNCTION|DELETE FUNCTION"},
+        {"FUNCTIONS",
+         "SQRT(x)|TRIGONOMETRY|INVERSE TRIGONOMETRY|ANGLE CONVERSION|ABS(x)|SIGN(x)|"
+         "LOGS / EXPONENTS|ROUNDING|MIN / MAX FUNCTIONS|FRACTION"},
+        {"DATE & TIME", "DATE & TIME"},
+        {"FUNCTIONS", "NUMBER THEORY|STATISTICS"},
+        {"STATISTICS",
+         "STATISTICS - SUMMARY|STATISTICS - SPREAD|STATISTICS - MEANS AND MAGNITUDE|"
+         "STATISTICS - POSITION AND SHAPE|STATISTICS - RANDOM NUMBERS"},
+        {"FUNCTIONS",
+         "FINANCIAL FUNCTIONS|TVM / LOAN FUNCTIONS|COMPOUND / RATE FUNCTIONS|NPV / IRR|"
+         "RETURN / PRICING FUNCTIONS"},
+        {"BASICS", "PI|EULER|ANS"},
+        {"VARIABLES", "VARIABLES"},
+        {"COMMANDS", "VARS / VARIABLES|CLEAR VARIABLES"},
+        {"SOLVER", "EQUATIONS|SYSTEMS / EQUATION BLOCKS|SOLVER|APPROXIMATE ANSWERS"},
+        {"COMMANDS", "INFO|UPTIME|CLEAR / CLR / CLS"},
+        {"WINDOW", "MIN|MAX|RESTORE|TOPMOST / ON TOP|NOT TOPMOST / NOT ON TOP"},
+        {"COMMANDS", "FONT <size>|FORMAT|EXIT / END / CLOSE|MENU <option> [value]"},
+        {"BASICS", "WORD OPERATORS|ENTER / SHIFT+ENTER|CONTINUE PREVIOUS ANSWER|EXECUTE SELECTED LINES|IGNORE TEXT"},
+        {"SETTINGS", "PREDICTIVE TEXT COMPLETE|SYNTAX HELP"},
+    };
+    // clang-format on
+    QStringList expected;
+    for (const Run& run : table) {
+        for (const QString& title : run.titles.split(u'|'))
+            expected.append(run.category + u": "_s + title);
+    }
+    QStringList found;
+    for (const HelpEntry& entry : Manual())
+        found.append(entry.category + u": "_s + entry.title);
+    QCOMPARE(found, expected);
+}
+
+QTEST_APPLESS_MAIN(ManualTest)
+#include "ManualTest.moc"
