@@ -135,6 +135,14 @@ Submission SubmitEquations(Calculator& calculator, const QStringList& equations,
     return answer.submission;
 }
 
+std::optional<Submission> SubmitEquation(Calculator& calculator, const QString& line, const SearchTick& onTick)
+{
+    const auto equals = line.count(u'=');
+    if (equals == 0)
+        return std::nullopt;
+    return equals > 1 ? CannotSolve(u"Cannot Solve Equation"_s) : SubmitEquations(calculator, {line}, onTick);
+}
+
 std::optional<Submission> SubmitCustomFunctionCommand(Calculator& calculator, const QString& line, bool& changed)
 {
     const CustomFunctionSurroundings around = {

@@ -21,6 +21,9 @@ std::optional<Submission> SubmitComparison(Calculator& calculator, const QString
 /// @param onTick  called every 100 ms of a search without an end of its own; see EquationSet.h
 Submission SubmitEquations(Calculator& calculator, const QStringList& equations, const SearchTick& onTick);
 
+/// The same for a line; nothing where no "=" stands in it. Two of them make no equation.
+std::optional<Submission> SubmitEquation(Calculator& calculator, const QString& line, const SearchTick& onTick);
+
 /// CREATE FUNCTION, FUNCTIONS and DELETE FUNCTION; nothing where the line is none of them.
 ///
 /// @param changed  whether there are other custom functions now

@@ -142,7 +142,8 @@ std::optional<Submission> LineSubmission::TryEquationBlock(const Line& line)
         return StatusOnly(u"Invalid equation block"_s);
     if (equations.size() == 1 && !equations.first().contains(u'='))
         return SubmitExpression(calculator, equations.first());
-    return SolveEquations(equations);
+    const QScopedValueRollback active(activity.equationSolveActive, true);
+    return SubmitEquations(calculator, equations, SolveTick());
 }
 
 std::optional<Submission> LineSubmission::TryMenuOption(const Line& line)
@@ -260,22 +261,19 @@ std::optional<Submission> LineSubmission::TryComparison(const Line& line)
 
 std::optional<Submission> LineSubmission::TryEquation(const Line& line)
 {
-    const auto equals = line.text.count(u'=');
-    if (equals == 0)
-        return std::nullopt;
-    return equals > 1 ? CannotSolve(u"Cannot Solve Equation"_s) : SolveEquations({line.text});
+    const QScopedValueRollback active(activity.equationSolveActive, true);
+    return SubmitEquation(calculator, line.text, SolveTick());
 }
 
 // The window stays alive during a search: at each tick events run, and a change of the pad asks the search to stop.
-Submission LineSubmission::SolveEquations(const QStringList& equations)
+SearchTick LineSubmission::SolveTick()
 {
     activity.equationSolveCancelRequested = false;
-    const QScopedValueRollback active(activity.equationSolveActive, true);
-    return SubmitEquations(calculator, equations, [this](const QString& status) {
+    return [this](const QString& status) {
         label.setText(status);
         QCoreApplication::processEvents();
         return !activity.equationSolveCancelRequested;
-    });
+    };
 }
 
 std::optional<Submission> LineSubmission::TryExpression(const Line& line)

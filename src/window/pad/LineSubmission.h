@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/Submission.h"
+#include "core/solver/SearchPulse.h"
 #include "window/pad/PadCommands.h"
 
 #include <QString>
@@ -79,7 +80,7 @@ private:
     std::optional<Submission> TryExpression(const Line& line);
 
     bool EquationsBefore(int position, QStringList& equations) const;
-    Submission SolveEquations(const QStringList& equations);
+    SearchTick SolveTick();
     void Show(const Submission& submission);
 
     Calculator& calculator;
