@@ -9,65 +9,47 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <chrono>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-std::optional<QByteArray> BytesOf(const QString& path)
+QByteArray BytesOf(const QString& path)
 {
     QFile file(path);
-    if (!file.exists())
-        return QByteArray();
-    if (!file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    const QByteArray bytes = file.readAll();
-    return file.error() == QFileDevice::NoError ? std::optional(bytes) : std::nullopt;
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QVariantMap ValuesOf(const QSettings& settings)
+void CopyKeys(const QSettings& from, QSettings& to)
 {
-    QVariantMap values;
-    for (const QString& key : settings.allKeys())
-        values.insert(key, settings.value(key));
-    return values;
+    for (const QString& key : from.allKeys())
+        to.setValue(key, from.value(key));
 }
 
-// The file gives back plain text for most types; read as the type that was written it must be the same value.
-bool IsSameValue(QVariant read, const QVariant& written)
-{
-    read.convert(written.metaType());
-    return read == written;
-}
-
-bool HoldsValues(const QString& path, const QVariantMap& values)
-{
-    const QSettings settings(path, QSettings::IniFormat);
-    return std::all_of(values.keyValueBegin(), values.keyValueEnd(), [&](const auto& entry) {
-        return settings.contains(entry.first) && IsSameValue(settings.value(entry.first), entry.second);
-    });
-}
-
-// The file's next content. It is written and read back beside the file; the reading has a name of its own, since
-// QSettings remembers what it wrote under the other.
+// The file's next content, drafted beside the file. In a fresh file the sections stand in the order of their names, so
+// a draft that ends with the last of all names is whole. Comparing values would not tell: those of a damaged file may
+// not even equal themselves.
 std::optional<QByteArray> ChangedContent(const QString& path, const std::function<void(QSettings&)>& change)
 {
-    const std::optional<QByteArray> old = BytesOf(path);
+    const QString lastKey = u"\uffff/Complete"_s;
+    const QByteArray lastSection("[%UFFFF]\nComplete=true\n");
     const QTemporaryDir drafts(path + u".XXXXXX"_s);
-    const QString written = drafts.filePath(u"written.ini"_s);
-    const QString read = drafts.filePath(u"read.ini"_s);
-    if (!old || !drafts.isValid() || ReplaceFileContents(written, *old) != FileReplacement::Complete)
+    const QString draftPath = drafts.filePath(u"draft.ini"_s);
+    const QFileInfo file(path);
+    if (!drafts.isValid() || (file.exists() && !file.isReadable()))
         return std::nullopt;
-    QVariantMap values;
     {
-        QSettings settings(written, QSettings::IniFormat);
-        change(settings);
-        settings.sync();
-        values = ValuesOf(settings);
+        QSettings draft(draftPath, QSettings::IniFormat);
+        CopyKeys(QSettings(path, QSettings::IniFormat), draft);
+        change(draft);
+        draft.setValue(lastKey, true);
     }
-    return QFile::rename(written, read) && HoldsValues(read, values) ? BytesOf(read) : std::nullopt;
+    const QByteArray content = BytesOf(draftPath);
+    if (!content.endsWith(lastSection))
+        return std::nullopt;
+    return content.chopped(lastSection.size()).trimmed() + '\n';
 }
 
 } // namespace
