@@ -13,6 +13,7 @@ private slots:
     void initTestCase();
     void TypingStopsIt();
     void AnEnterThatStopsItIsTakenUpByTheNextChange();
+    void MenusAndUndoStandAside();
     void NothingValidIsSaidShortly();
     void ClosingTheWindowStopsIt();
 
@@ -64,6 +65,23 @@ void EquationSearchTest::AnEnterThatStopsItIsTakenUpByTheNextChange()
     QCOMPARE(typed.Label(), "Approximate answer"); // submitted what stands before it on its line: nothing
     typed.Type("+1");
     QCOMPARE(typed.Label(), "5+1 = 6");
+}
+
+void EquationSearchTest::MenusAndUndoStandAside()
+{
+    TypedWindow typed;
+    typed.TypeLine("1+1");
+    QTimer::singleShot(250, this, [&] {
+        typed.Action("actionMathSIN")->trigger();
+        QCOMPARE(typed.Label(), "Please finish the current calculation first");
+        typed.Action("actionUndo")->trigger();
+        QCOMPARE(typed.pad()->toPlainText(), "1+1\n2\nX^2 = -1\n");
+        typed.Type("7");
+    });
+    typed.TypeLine("X^2 = -1");
+    QCOMPARE(typed.Label(), "Approximate answer");
+    typed.Press("Ctrl+Z");
+    QCOMPARE(typed.pad()->toPlainText(), "1+1\n2\n");
 }
 
 void EquationSearchTest::NothingValidIsSaidShortly()
