@@ -1,8 +1,8 @@
 #include "core/solver/CompiledEquation.h"
 
 #include "core/engine/ExpressionReader.h"
-#include "core/solver/EquationText.h"
 #include "core/engine/NamesInText.h"
+#include "core/solver/EquationText.h"
 
 #include <QHash>
 #include <QSet>

@@ -1,10 +1,10 @@
 #include "core/solver/EquationText.h"
 
 #include "core/engine/Characters.h"
+#include "core/engine/NamesInText.h"
 #include "core/engine/NumberText.h"
 #include "core/engine/Substitution.h"
 #include "core/engine/WordSet.h"
-#include "core/engine/NamesInText.h"
 
 #include <QHash>
 #include <QSet>
