@@ -14,6 +14,8 @@ target_compile_options(quellbrook_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wnull-dereference
     # Answers must be the ones that IEEE 754 gives, on every processor.
     -ffp-contract=off
+    # Without it ccache cannot use a precompiled header of gcc's.
+    $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>
     $<$<BOOL:${QUELLBROOK_WARNINGS_AS_ERRORS}>:-Werror>)
 
 if(QUELLBROOK_SANITIZERS)

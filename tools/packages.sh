@@ -65,11 +65,6 @@ need_packages() {
     fi
 }
 
-# Objects compiled once are found again from another clone, and with precompiled headers.
-export CCACHE_BASEDIR=${CCACHE_BASEDIR:-$PWD}
-export CCACHE_NOHASHDIR=1
-export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
-
 # build PRESET [TARGET...]: configures and builds in silence, and shows all of it where it fails.
 build() {
     local preset=$1 log
