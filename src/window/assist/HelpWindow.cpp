@@ -5,10 +5,12 @@
 
 #include "ui_HelpWindow.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QMenu>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QStandardItemModel>
+#include <QTextBlock>
 #include <QtMath>
 
 #include <algorithm>
@@ -236,16 +238,28 @@ void HelpWindow::RefreshDisplayedHelpText()
     if (currentText.isEmpty())
         return;
     QScrollBar* bar = ui->helpText->verticalScrollBar();
-    const int scrolled = bar->value();
+    const QTextBlock top = ui->helpText->cursorForPosition(QPoint()).block();
+    const int topBlock = top.blockNumber();
+    const int topLine = bar->value() - top.firstLineNumber();
     const int position = ui->helpText->textCursor().position();
     const int width = AvailableTextWidth();
-    ui->helpText->setPlainText(FormatHelpTextForCurrentWidth(currentText));
+    SetFittedText();
     if (AvailableTextWidth() != width) // the scroll bar has come or gone with the text
-        ui->helpText->setPlainText(FormatHelpTextForCurrentWidth(currentText));
+        SetFittedText();
     QTextCursor cursor = ui->helpText->textCursor();
     cursor.setPosition(std::min(position, ui->helpText->document()->characterCount() - 1));
     ui->helpText->setTextCursor(cursor);
-    bar->setValue(scrolled);
+    const QTextBlock sameTop = ui->helpText->document()->findBlockByNumber(topBlock);
+    bar->setValue(sameTop.firstLineNumber() + std::clamp(topLine, 0, std::max(0, sameTop.lineCount() - 1)));
+}
+
+// The editor counts a paragraph that it has not yet laid out as one line, and the scroll bar counts lines.
+void HelpWindow::SetFittedText()
+{
+    ui->helpText->setPlainText(FormatHelpTextForCurrentWidth(currentText));
+    const QTextDocument* document = ui->helpText->document();
+    for (QTextBlock block = document->begin(); block.isValid(); block = block.next())
+        document->documentLayout()->blockBoundingRect(block);
 }
 
 int HelpWindow::AvailableTextWidth() const
@@ -256,7 +270,7 @@ int HelpWindow::AvailableTextWidth() const
 
 QString HelpWindow::FormatHelpTextForCurrentWidth(const QString& text) const
 {
-    return FitRuledLines(text, AvailableTextWidth(), QFontMetrics(ui->helpText->font()));
+    return FitRuledLines(text, AvailableTextWidth(), QFontMetricsF(ui->helpText->font()));
 }
 
 void HelpWindow::ShowTreeMenu(const QPoint& position)

@@ -69,6 +69,7 @@ private:
     void ShowStandaloneText(const QString& text);
     void ShowText(const QString& text);
     void RefreshDisplayedHelpText();
+    void SetFittedText();
     int AvailableTextWidth() const;
     QString FormatHelpTextForCurrentWidth(const QString& text) const;
 

@@ -15,7 +15,7 @@ constexpr qsizetype fewestEquals = 4; // of a title
 // The longest of the lines, by their number of equals signs, that fits. Lines grow with that number, so halving finds
 // what adding one at a time would, with a tenth of the measuring: a long page has hundreds of titles.
 template <typename Line>
-QString LongestFitting(int fewest, int width, const QFontMetrics& metrics, Line line)
+QString LongestFitting(int fewest, int width, const QFontMetricsF& metrics, Line line)
 {
     const auto fits = [&](int count) { return metrics.horizontalAdvance(line(count)) <= width; };
     int fitting = fewest;
@@ -50,12 +50,12 @@ QString TitleOf(QStringView line)
 
 } // namespace
 
-QString BuildFullWidthEquals(int width, const QFontMetrics& metrics)
+QString BuildFullWidthEquals(int width, const QFontMetricsF& metrics)
 {
     return LongestFitting(1, width, metrics, [](int count) { return QString(count, u'='); });
 }
 
-QString BuildTitleLine(const QString& title, int width, const QFontMetrics& metrics)
+QString BuildTitleLine(const QString& title, int width, const QFontMetricsF& metrics)
 {
     const QString core = u' ' + title.trimmed() + u' ';
     return LongestFitting(2, width, metrics, [&core](int count) {
@@ -64,7 +64,7 @@ QString BuildTitleLine(const QString& title, int width, const QFontMetrics& metr
     });
 }
 
-QString FitRuledLines(const QString& text, int width, const QFontMetrics& metrics)
+QString FitRuledLines(const QString& text, int width, const QFontMetricsF& metrics)
 {
     const QString rule = BuildFullWidthEquals(width, metrics);
     QStringList lines = text.split(u'\n');
