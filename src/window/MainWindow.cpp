@@ -2,6 +2,7 @@
 
 #include "core/Calculator.h"
 #include "core/LineAnswers.h"
+#include "window/assist/Help.h"
 #include "window/pad/LineSubmission.h"
 #include "window/pad/Menus.h"
 #include "window/pad/Pad.h"
@@ -61,8 +62,8 @@ struct MainWindow::Rooms {
           commands(window, form, calculator, pad), snapshot(form, calculator, &window),
           undo(UndoSurroundingsOf(window, form)),
           documents(window, *form.Text1, *form.Label1, *form.actionSave_Document, undo),
-          information(window, form, calculator, documents, window.uptimeClock),
-          submission(calculator, pad, *form.Label1, activity, commands, information),
+          information(window, form, calculator, documents, window.uptimeClock), help(window),
+          submission(calculator, pad, *form.Label1, activity, commands, information, help),
           menus(window, form, pad, submission, activity, MenuHooksOf(form))
     {
         information.undoStates = [this] { return undo.UndoCount(); };
@@ -115,6 +116,7 @@ struct MainWindow::Rooms {
     UndoHistory undo;
     Documents documents;
     Information information;
+    Help help;
     LineSubmission submission;
     Menus menus;
 };

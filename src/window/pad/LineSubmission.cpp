@@ -6,6 +6,7 @@
 #include "core/manual/HelpCommand.h"
 #include "core/solver/EquationBlock.h"
 #include "core/symbolic/SymbolicCommands.h"
+#include "window/assist/Help.h"
 #include "window/pad/Pad.h"
 #include "window/pad/PadActivity.h"
 #include "window/status/Information.h"
@@ -217,13 +218,13 @@ std::optional<Submission> LineSubmission::TryNotTopmost(const Line&)
     return commands.ClearTopmost();
 }
 
-// No window shows the page yet, so the pad does.
 std::optional<Submission> LineSubmission::TryHelp(const Line& line)
 {
     const std::optional<HelpPage> page = HandleHelpCommand(line.text);
     if (!page)
         return std::nullopt;
-    return Submission{u"Help"_s, FormattedHelpText(page->text)};
+    help.Show(*page);
+    return StatusOnly(u"Help"_s);
 }
 
 std::optional<Submission> LineSubmission::TrySymbolicCommand(const Line& line)

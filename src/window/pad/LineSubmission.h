@@ -13,6 +13,7 @@
 #include <optional>
 
 class Calculator;
+class Help;
 class Information;
 class Pad;
 class QLabel;
@@ -21,9 +22,9 @@ struct PadActivity;
 class LineSubmission {
 public:
     LineSubmission(Calculator& workspace, Pad& mainPad, QLabel& statusLabel, PadActivity& padActivity,
-                   PadCommands padCommands, const Information& report)
+                   PadCommands padCommands, const Information& report, Help& manual)
         : calculator(workspace), pad(mainPad), label(statusLabel), activity(padActivity), commands(padCommands),
-          information(report)
+          information(report), help(manual)
     {
     }
 
@@ -89,4 +90,5 @@ private:
     PadActivity& activity;
     PadCommands commands;
     const Information& information;
+    Help& help;
 };
