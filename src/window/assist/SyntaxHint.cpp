@@ -45,7 +45,7 @@ SyntaxHint::SyntaxHint(const Pad& mainPad, QAction& switchAction, const Calculat
     connect(&switchAction, &QAction::toggled, this, &SyntaxHint::Update);
     // The text below it moves, at times after the update that placed it.
     for (QScrollBar* bar : {editor.verticalScrollBar(), editor.horizontalScrollBar()})
-        connect(bar, &QScrollBar::valueChanged, this, &SyntaxHint::Place);
+        connect(bar, &QScrollBar::valueChanged, this, &SyntaxHint::Update);
     // What the program writes tells no handler of the pad.
     connect(editor.document(), &QTextDocument::contentsChanged, this, [this] {
         if (editor.signalsBlocked())
@@ -68,25 +68,22 @@ void SyntaxHint::MakeLabel()
 
 void SyntaxHint::Update()
 {
-    if (!action.isChecked() || activity.IsBusy()) {
-        Hide();
-        return;
-    }
-    const int cursor = pad.CursorPosition();
-    const QString hint = SyntaxHintFor(calculator, pad.Text().Text(pad.Text().LineStart(cursor), cursor));
+    const QString hint = Text();
     if (hint.isEmpty()) {
         Hide();
         return;
     }
     label.setText(hint);
     label.adjustSize();
+    label.move(HintPosition(editor.cursorRect(), label.size(), editor.viewport()->size()));
     label.show();
     label.raise();
-    Place();
 }
 
-void SyntaxHint::Place()
+QString SyntaxHint::Text() const
 {
-    if (!label.isHidden())
-        label.move(HintPosition(editor.cursorRect(), label.size(), editor.viewport()->size()));
+    if (!action.isChecked() || activity.IsBusy() || !editor.viewport()->rect().intersects(editor.cursorRect()))
+        return QString();
+    const int cursor = pad.CursorPosition();
+    return SyntaxHintFor(calculator, pad.Text().Text(pad.Text().LineStart(cursor), cursor));
 }

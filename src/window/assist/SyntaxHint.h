@@ -22,7 +22,7 @@ public:
 
 private:
     void MakeLabel();
-    void Place();
+    QString Text() const;
 
     const Pad& pad;
     QPlainTextEdit& editor;

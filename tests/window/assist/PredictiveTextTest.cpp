@@ -3,9 +3,7 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
-#include <QElapsedTimer>
 #include <QTemporaryDir>
-#include <QTimer>
 
 namespace {
 
@@ -34,10 +32,7 @@ private slots:
     void WalkingThroughLinesShowsNothing();
     void ItGoesAway_data();
     void ItGoesAway();
-    void ItNeverShows_data();
-    void ItNeverShows();
     void ItStandsBelowTheCursor();
-    void AKeyIsCheap();
 
 private:
     QTemporaryDir home;
@@ -205,31 +200,6 @@ void PredictiveTextTest::ItGoesAway()
     QVERIFY(!list.IsShown());
 }
 
-void PredictiveTextTest::ItNeverShows_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("unchecked");
-    QTest::newRow("for one letter") << "a"
-                                    << "";
-    QTest::newRow("inside a word") << "xasi"
-                                   << "";
-    QTest::newRow("while it is switched off") << "asi"
-                                              << "actionPredictive_Text_Complete";
-    QTest::newRow("for word operators while they are off") << "raised"
-                                                           << "actionUse_Word_Oporators";
-}
-
-void PredictiveTextTest::ItNeverShows()
-{
-    QFETCH(QString, typed);
-    QFETCH(QString, unchecked);
-    ListWindow list;
-    if (!unchecked.isEmpty())
-        list.Action(unchecked)->setChecked(false);
-    list.Type(typed);
-    QVERIFY(!list.IsShown());
-}
-
 void PredictiveTextTest::ItStandsBelowTheCursor()
 {
     ListWindow list;
@@ -239,20 +209,6 @@ void PredictiveTextTest::ItStandsBelowTheCursor()
     QVERIFY(list.List()->width() >= 190);
     QVERIFY(!list.List()->isActiveWindow());
     QVERIFY(!QApplication::activePopupWidget()); // which would take all keys and clicks
-}
-
-void PredictiveTextTest::AKeyIsCheap()
-{
-    ListWindow list;
-    list.Type("m");
-    QElapsedTimer clock;
-    clock.start();
-    for (int i = 0; i < 20; ++i) {
-        list.Type("i");
-        list.Press("Backspace");
-    }
-    qInfo("%lld us a key, %d rows", clock.nsecsElapsed() / 40000, list.Rows());
-    QVERIFY(clock.elapsed() < 40 * 50);
 }
 
 QTEST_MAIN(PredictiveTextTest)

@@ -2,6 +2,7 @@
 #include "window/assist/SyntaxHint.h"
 #include "window/TypedWindow.h"
 
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -23,7 +24,7 @@ private slots:
     void Positions();
     void ItFollowsTheLine();
     void ItFollowsTheCursor();
-    void AtTheBottomItStandsAbove();
+    void AtTheBottomItStandsAboveAndScrollsAway();
     void ItKnowsTheUsersFunctions();
     void ItIsHiddenDuringASearch();
     void ItCanBeSwitched();
@@ -101,7 +102,7 @@ void SyntaxHintTest::ItFollowsTheCursor()
     QCOMPARE(hint.Text(), "(hidden)");
 }
 
-void SyntaxHintTest::AtTheBottomItStandsAbove()
+void SyntaxHintTest::AtTheBottomItStandsAboveAndScrollsAway()
 {
     HintWindow hint;
     QVERIFY(QTest::qWaitForWindowExposed(&hint.window));
@@ -114,6 +115,10 @@ void SyntaxHintTest::AtTheBottomItStandsAbove()
     const QRect cursor = hint.pad()->cursorRect();
     QVERIFY(cursor.bottom() > hint.pad()->viewport()->height() / 2);
     QCOMPARE(hint.Hint()->geometry().top(), cursor.top() - hint.Hint()->height() - 3);
+    hint.pad()->verticalScrollBar()->setValue(0);
+    QCOMPARE(hint.Text(), "(hidden)"); // with the line that it belongs to
+    hint.pad()->verticalScrollBar()->setValue(hint.pad()->verticalScrollBar()->maximum());
+    QCOMPARE(hint.Text(), "SIN(<b>angle</b>)");
 }
 
 void SyntaxHintTest::ItKnowsTheUsersFunctions()
