@@ -3,6 +3,8 @@
 #include "core/Calculator.h"
 #include "core/LineAnswers.h"
 #include "window/assist/Help.h"
+#include "window/assist/PredictiveText.h"
+#include "window/assist/SyntaxHint.h"
 #include "window/pad/LineSubmission.h"
 #include "window/pad/Menus.h"
 #include "window/pad/Pad.h"
@@ -64,7 +66,9 @@ struct MainWindow::Rooms {
           documents(window, *form.Text1, *form.Label1, *form.actionSave_Document, undo),
           information(window, form, calculator, documents, window.uptimeClock), help(window),
           submission(calculator, pad, *form.Label1, activity, commands, information, help),
-          menus(window, form, pad, submission, activity, MenuHooksOf(form))
+          menus(window, form, pad, submission, activity, MenuHooksOf(form)),
+          predictiveText(window, pad, *form.actionPredictive_Text_Complete, calculator, activity, undo),
+          syntaxHint(pad, *form.actionSyntax_Help, calculator, activity)
     {
         information.undoStates = [this] { return undo.UndoCount(); };
         information.redoStates = [this] { return undo.RedoCount(); };
@@ -76,6 +80,7 @@ struct MainWindow::Rooms {
                 [this, &window](const UndoState& state) {
                     snapshot.RestoreUndoState(state);
                     window.enterPosition = noEnter;
+                    UpdatePredictiveText();
                 },
                 [this] { return activity.IsBusy(); },
                 [this, &form] {
@@ -108,6 +113,18 @@ struct MainWindow::Rooms {
         return hooks;
     }
 
+    void UpdatePredictiveText()
+    {
+        predictiveText.Update();
+        syntaxHint.Update();
+    }
+
+    void HidePredictiveText()
+    {
+        predictiveText.Hide();
+        syntaxHint.Hide();
+    }
+
     PadActivity activity;
     Calculator calculator;
     Pad pad;
@@ -119,6 +136,8 @@ struct MainWindow::Rooms {
     Help help;
     LineSubmission submission;
     Menus menus;
+    PredictiveText predictiveText;
+    SyntaxHint syntaxHint;
 };
 
 // A static library's resources are linked only where somebody asks for them, from outside any namespace.
@@ -132,13 +151,13 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), ui(std::make_uniq
     uptimeClock.start();
     LinkResources();
     ui->setupUi(this);
-    rooms = std::make_unique<Rooms>(*this, *ui);
+    ui->Text1->installEventFilter(this);
+    ui->Text1->viewport()->installEventFilter(this);
+    rooms = std::make_unique<Rooms>(*this, *ui); // whose filters come before the window's
     setAcceptDrops(true);
     ui->Text1->setAcceptDrops(false);
     ui->Text1->viewport()->setAcceptDrops(false);
     setWindowIcon(QIcon(u":/Quellbrook.ico"_s));
-    ui->Text1->installEventFilter(this);
-    ui->Text1->viewport()->installEventFilter(this);
     PrepareDataDirectory();
     LoadSettings();
     rooms->menus.InitializeMenus(); // after the settings, so that their check marks run nothing
@@ -161,6 +180,14 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
         enterPosition = enter ? ui->Text1->textCursor().selectionStart() + 1 : noEnter;
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+bool MainWindow::focusNextPrevChild(bool next)
+{
+    if (!ui->Text1->hasFocus() || !rooms->predictiveText.IsShown())
+        return QMainWindow::focusNextPrevChild(next);
+    rooms->predictiveText.AcceptCurrent();
+    return true;
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
@@ -208,12 +235,20 @@ void MainWindow::on_Text1_textChanged()
     if (ClearLabelOfEmptyPad())
         return;
     const int position = rooms->pad.CursorPosition();
-    if (rooms->submission.HandleEquationBlockState(position) || rooms->pad.ContinuePreviousAnswer(position))
-        return;
-    if (entered)
-        rooms->submission.SubmitEnteredLine();
-    else
-        UpdatePreviewAt(position);
+    if (!rooms->submission.HandleEquationBlockState(position) && !rooms->pad.ContinuePreviousAnswer(position)) {
+        if (entered)
+            SubmitEnteredLine();
+        else
+            UpdatePreviewAt(position);
+    }
+    rooms->UpdatePredictiveText();
+}
+
+// A submission may search for long, and what was said of the line would stand there all the while.
+void MainWindow::SubmitEnteredLine()
+{
+    rooms->HidePredictiveText();
+    rooms->submission.SubmitEnteredLine();
 }
 
 // A cursor that an edit has moved is left to the text change that follows: it knows whether an operator jumps or Enter
@@ -225,6 +260,7 @@ void MainWindow::on_Text1_cursorPositionChanged()
     const int position = rooms->pad.CursorPosition();
     if (!rooms->submission.HandleEquationBlockState(position))
         UpdatePreviewAt(position);
+    rooms->UpdatePredictiveText();
 }
 
 bool MainWindow::ClearLabelOfEmptyPad()
@@ -232,6 +268,7 @@ bool MainWindow::ClearLabelOfEmptyPad()
     if (!rooms->pad.Text().IsEmpty())
         return false;
     ui->Label1->clear();
+    rooms->HidePredictiveText();
     return true;
 }
 

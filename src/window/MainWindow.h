@@ -29,6 +29,7 @@ public:
     void ForgetEnter() { enterPosition = noEnter; }
 
 protected:
+    bool focusNextPrevChild(bool next) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -65,6 +66,7 @@ private:
 
     void CommitPad();
     void UpdatePreviewAt(int position);
+    void SubmitEnteredLine();
     bool TakeEnter();
     bool ClearLabelOfEmptyPad();
     void ChangeFontSize(double points);
