@@ -1,0 +1,40 @@
+# A virtual display with a window manager, and a home of its own for what runs there; all of it ends with the script.
+#
+#   . tools/display.sh     sets DISPLAY, $home, the XDG directories and QT_QPA_PLATFORM
+#   wait_for WHAT COMMAND...
+
+home=$(mktemp -d)
+processes=()
+end() {
+    for process in "${processes[@]}"; do kill "$process" 2>/dev/null || true; done
+    wait 2>/dev/null || true
+    rm -rf "$home"
+}
+trap end EXIT
+
+# wait_for WHAT COMMAND...: until the command succeeds, ten seconds at most.
+wait_for() {
+    local what=$1
+    shift
+    for _ in $(seq 100); do
+        "$@" >/dev/null 2>&1 && return
+        sleep 0.1
+    done
+    echo "$what" >&2
+    exit 1
+}
+manager_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
+
+# A display number that nobody has: Xvfb chooses it and says which.
+Xvfb -displayfd 3 -screen 0 1000x800x24 -nolisten tcp 3>"$home/display" 2>/dev/null &
+processes+=($!)
+wait_for "No virtual display could be started." test -s "$home/display"
+DISPLAY=":$(cat "$home/display")"
+mkdir -m 700 "$home/runtime"
+export DISPLAY XDG_RUNTIME_DIR="$home/runtime" QT_QPA_PLATFORM=xcb
+export XDG_DATA_HOME="$home/data" XDG_CONFIG_HOME="$home/config" XDG_CACHE_HOME="$home/cache"
+
+wait_for "The virtual display does not answer." xprop -root
+openbox >/dev/null 2>&1 &
+processes+=($!)
+wait_for "The window manager did not start." manager_runs
