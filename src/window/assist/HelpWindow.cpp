@@ -22,7 +22,9 @@ namespace {
 enum Role { keyRole = Qt::UserRole + 1, articleRole, textRole, searchedRole };
 
 constexpr qsizetype shortestLikeness = 4; // characters of a word that may be part of a category's name
-constexpr int treeWidth = 170;            // pixels
+constexpr int treeWidth = 170;            // pixels, as all places
+constexpr int labelLeft = 5;
+constexpr int filterLeft = 40;
 
 constexpr QStringView categoryKey = u"CATEGORY:";
 constexpr QStringView topicKey = u"TOPIC:";
@@ -65,6 +67,9 @@ HelpWindow::HelpWindow(const QList<HelpWindowArticle>& manualArticles, const QMa
 {
     ui->setupUi(this);
     ui->helpText->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    // A bar that came and went with the length of the text would change the width that the text was fitted to.
+    ui->helpText->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    FitSearchLabel();
     ui->helpTree->setModel(model);
     Connect();
     BuildTree(indexText, aboutText, fullText);
@@ -72,6 +77,17 @@ HelpWindow::HelpWindow(const QList<HelpWindowArticle>& manualArticles, const QMa
 }
 
 HelpWindow::~HelpWindow() = default;
+
+// The label has its fixed place before the filter, whatever the font of the desktop.
+void HelpWindow::FitSearchLabel()
+{
+    const double room = filterLeft - labelLeft - 1;
+    QFont font = ui->searchLabel->font();
+    const double wanted = QFontMetricsF(font).horizontalAdvance(ui->searchLabel->text());
+    if (wanted > room && font.pointSizeF() > 0)
+        font.setPointSizeF(font.pointSizeF() * room / wanted);
+    ui->searchLabel->setFont(font);
+}
 
 void HelpWindow::Connect()
 {
@@ -237,29 +253,29 @@ void HelpWindow::RefreshDisplayedHelpText()
 {
     if (currentText.isEmpty())
         return;
-    QScrollBar* bar = ui->helpText->verticalScrollBar();
     const QTextBlock top = ui->helpText->cursorForPosition(QPoint()).block();
     const int topBlock = top.blockNumber();
-    const int topLine = bar->value() - top.firstLineNumber();
+    const int topLine = ui->helpText->verticalScrollBar()->value() - top.firstLineNumber();
     const int position = ui->helpText->textCursor().position();
-    const int width = AvailableTextWidth();
-    SetFittedText();
-    if (AvailableTextWidth() != width) // the scroll bar has come or gone with the text
-        SetFittedText();
+    ui->helpText->setPlainText(FormatHelpTextForCurrentWidth(currentText));
     QTextCursor cursor = ui->helpText->textCursor();
     cursor.setPosition(std::min(position, ui->helpText->document()->characterCount() - 1));
     ui->helpText->setTextCursor(cursor);
-    const QTextBlock sameTop = ui->helpText->document()->findBlockByNumber(topBlock);
-    bar->setValue(sameTop.firstLineNumber() + std::clamp(topLine, 0, std::max(0, sameTop.lineCount() - 1)));
+    ScrollTo(topBlock, topLine);
 }
 
-// The editor counts a paragraph that it has not yet laid out as one line, and the scroll bar counts lines.
-void HelpWindow::SetFittedText()
+// The scroll bar counts lines, and a paragraph that has not yet been laid out counts as one. Those below may wait.
+void HelpWindow::ScrollTo(int paragraph, int line)
 {
-    ui->helpText->setPlainText(FormatHelpTextForCurrentWidth(currentText));
     const QTextDocument* document = ui->helpText->document();
-    for (QTextBlock block = document->begin(); block.isValid(); block = block.next())
+    const QTextBlock top = document->findBlockByNumber(paragraph);
+    if (!top.isValid())
+        return;
+    for (QTextBlock block = document->begin(); block.blockNumber() < paragraph; block = block.next())
         document->documentLayout()->blockBoundingRect(block);
+    document->documentLayout()->blockBoundingRect(top);
+    const int lastLine = std::max(0, top.lineCount() - 1);
+    ui->helpText->verticalScrollBar()->setValue(top.firstLineNumber() + std::clamp(line, 0, lastLine));
 }
 
 int HelpWindow::AvailableTextWidth() const
@@ -338,8 +354,8 @@ void HelpWindow::resizeEvent(QResizeEvent* event)
     const int w = width();
     const int h = height();
     ui->helpSplitter->setGeometry(0, 0, w - 2, h - 28);
-    ui->searchLabel->move(5, h - 18);
-    ui->searchEdit->setGeometry(40, h - 24, std::max(w - 374, 60), 21);
+    ui->searchLabel->move(labelLeft, h - 18);
+    ui->searchEdit->setGeometry(filterLeft, h - 24, std::max(w - 374, 60), 21);
     ui->statusLabel->setGeometry(w - 325, h - 24, 251, 21);
     ui->closeButton->setGeometry(w - 69, h - 23, 65, 20);
     if (!initialSplitterSizesApplied) {

@@ -56,6 +56,7 @@ private:
         bool isArticle;
     };
 
+    void FitSearchLabel();
     void Connect();
     void BuildTree(const QString& indexText, const QString& aboutText, const QString& fullText);
     void AddCategory(const QString& name, QStandardItem* parent);
@@ -69,7 +70,7 @@ private:
     void ShowStandaloneText(const QString& text);
     void ShowText(const QString& text);
     void RefreshDisplayedHelpText();
-    void SetFittedText();
+    void ScrollTo(int paragraph, int line);
     int AvailableTextWidth() const;
     QString FormatHelpTextForCurrentWidth(const QString& text) const;
 

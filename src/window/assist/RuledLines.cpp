@@ -12,23 +12,19 @@ namespace {
 constexpr qsizetype shortestRule = 3; // characters
 constexpr qsizetype fewestEquals = 4; // of a title
 
-// The longest of the lines, by their number of equals signs, that fits. Lines grow with that number, so halving finds
-// what adding one at a time would, with a tenth of the measuring: a long page has hundreds of titles.
+// The longest of the lines, by their number of equals signs, that fits. A long page has hundreds of titles: the search
+// begins where the width of one sign puts the end. No more signs than pixels, should a font draw nothing.
 template <typename Line>
 QString LongestFitting(int fewest, int width, const QFontMetricsF& metrics, Line line)
 {
     const auto fits = [&](int count) { return metrics.horizontalAdvance(line(count)) <= width; };
-    int fitting = fewest;
-    int tooMany = fewest + 1;
-    while (tooMany <= width && fits(tooMany)) { // in pixels too, should a font draw nothing
-        fitting = tooMany;
-        tooMany *= 2;
-    }
-    while (tooMany - fitting > 1) {
-        const int middle = (fitting + tooMany) / 2;
-        (fits(middle) ? fitting : tooMany) = middle;
-    }
-    return line(fitting);
+    const double room = width - metrics.horizontalAdvance(line(fewest));
+    int count = fewest + std::max(0, static_cast<int>(room / std::max(1.0, metrics.horizontalAdvance(u'='))));
+    while (count > fewest && !fits(count))
+        --count;
+    while (count < width && fits(count + 1))
+        ++count;
+    return line(count);
 }
 
 QString WithoutEquals(QStringView line)
