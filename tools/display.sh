@@ -12,18 +12,17 @@ end() {
 }
 trap end EXIT
 
-# wait_for WHAT COMMAND...: until the command succeeds, ten seconds at most.
+# wait_for WHAT COMMAND...: until the command succeeds, twenty seconds at most.
 wait_for() {
     local what=$1
     shift
-    for _ in $(seq 100); do
+    for _ in $(seq 200); do
         "$@" >/dev/null 2>&1 && return
         sleep 0.1
     done
     echo "$what" >&2
     exit 1
 }
-manager_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
 
 # A display number that nobody has: Xvfb chooses it and says which.
 Xvfb -displayfd 3 -screen 0 1000x800x24 -nolisten tcp 3>"$home/display" 2>/dev/null &
@@ -35,6 +34,15 @@ export DISPLAY XDG_RUNTIME_DIR="$home/runtime" QT_QPA_PLATFORM=xcb
 export XDG_DATA_HOME="$home/data" XDG_CONFIG_HOME="$home/config" XDG_CACHE_HOME="$home/cache"
 
 wait_for "The virtual display does not answer." xprop -root
-openbox >/dev/null 2>&1 &
-processes+=($!)
+# One that ends at its start is started again.
+manager=
+manager_runs() {
+    xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id' && return
+    if ! kill -0 "$manager" 2>/dev/null; then
+        openbox >/dev/null 2>&1 &
+        manager=$!
+        processes+=("$manager")
+    fi
+    return 1
+}
 wait_for "The window manager did not start." manager_runs

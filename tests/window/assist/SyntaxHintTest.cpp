@@ -81,7 +81,7 @@ void SyntaxHintTest::ItFollowsTheLine()
     hint.Type("SIN(");
     hint.Press("Ctrl+Z");
     QCOMPARE(hint.Text(), "(hidden)");
-    hint.Press("Ctrl+Y");
+    hint.Press("Ctrl+Shift+Z");
     QCOMPARE(hint.Text(), "SIN(<b>angle</b>)");
     hint.Enter();
     QCOMPARE(hint.Text(), "(hidden)");
