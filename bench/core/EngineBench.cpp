@@ -4,6 +4,7 @@
 // hand-written reader, the floor of what reading such a line can cost.
 #include "core/Calculator.h"
 #include "core/LineAnswers.h"
+#include "core/assist/Suggestions.h"
 #include "core/engine/AnswerFormat.h"
 
 #include <QRandomGenerator>
@@ -183,6 +184,14 @@ void PreviewConversions(benchmark::State& state)
             [&](const QString& line) { return PreviewText(calculator, line).size(); });
 }
 
+// The names offered behind a prefix of two letters.
+void SuggestNames(benchmark::State& state)
+{
+    const Calculator calculator;
+    PerLine(state, {u"1+MI"_s, u"SQ"_s, u"2*AT"_s, u"CO"_s},
+            [&](const QString& line) { return SuggestionsFor(calculator, line, {}).names.size(); });
+}
+
 BENCHMARK(ReadMixedLinesFloor);
 BENCHMARK(EvaluateMixedLines);
 BENCHMARK(FormatAnswers);
@@ -192,6 +201,7 @@ BENCHMARK(AnswerWithVariables);
 BENCHMARK(AnswerConversions);
 BENCHMARK(PreviewLines);
 BENCHMARK(PreviewConversions);
+BENCHMARK(SuggestNames);
 
 } // namespace
 

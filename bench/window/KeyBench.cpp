@@ -76,9 +76,44 @@ void EnterInPad(benchmark::State& state)
     }
 }
 
+// The first HELP of a window, its articles read and its tree made; and the next one.
+void OpenHelpFirst(benchmark::State& state)
+{
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto window = std::make_unique<MainWindow>();
+        window->show();
+        auto* pad = window->findChild<QPlainTextEdit*>(u"Text1"_s);
+        QTest::keyClicks(pad, u"HELP SQRT"_s);
+        state.ResumeTiming();
+        QTest::keyClick(pad, Qt::Key_Return);
+        QCoreApplication::processEvents();
+        state.PauseTiming();
+        window.reset();
+        state.ResumeTiming();
+    }
+}
+
+void OpenHelpNext(benchmark::State& state)
+{
+    MainWindow window;
+    window.show();
+    auto* pad = window.findChild<QPlainTextEdit*>(u"Text1"_s);
+    QTest::keyClicks(pad, u"HELP SQRT"_s);
+    QTest::keyClick(pad, Qt::Key_Return);
+    bool other = false;
+    for (auto _ : state) {
+        QTest::keyClicks(pad, (other = !other) ? u"HELP PMT"_s : u"HELP SQRT"_s);
+        QTest::keyClick(pad, Qt::Key_Return);
+        QCoreApplication::processEvents();
+    }
+}
+
 BENCHMARK(KeyInBareEditor)->Arg(10)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(KeyInPad)->Arg(10)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(EnterInPad)->Arg(10)->Arg(100000)->Iterations(300)->Unit(benchmark::kMicrosecond);
+BENCHMARK(OpenHelpFirst)->Iterations(10)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenHelpNext)->Iterations(50)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

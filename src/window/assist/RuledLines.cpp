@@ -55,7 +55,7 @@ QString BuildTitleLine(const QString& title, int width, const QFontMetricsF& met
 {
     const QString core = u' ' + title.trimmed() + u' ';
     return LongestFitting(2, width, metrics, [&core](int count) {
-        const QString line = QString(count - count / 2, u'=') + core + QString(count / 2, u'=');
+        QString line = QString(count - count / 2, u'=') + core + QString(count / 2, u'=');
         return line;
     });
 }
