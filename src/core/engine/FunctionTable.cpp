@@ -3,18 +3,6 @@
 #include <QRandomGenerator>
 
 #include <algorithm>
-#include <cmath>
-
-Value CallFunction(const FunctionRow& row, Arguments arguments, const RandomSource& random)
-{
-    const auto count = static_cast<qsizetype>(arguments.size());
-    if (count < row.fewest || count > row.most)
-        return std::nullopt;
-    if (!std::all_of(arguments.begin(), arguments.end(), [](double argument) { return std::isfinite(argument); }))
-        return std::nullopt;
-    const Value value = row.value ? row.value(arguments) : row.drawn(arguments, random);
-    return value && std::isfinite(*value) ? value : std::nullopt;
-}
 
 quint64 GlobalRandomBits()
 {

@@ -8,6 +8,7 @@
 #include <QList>
 #include <QString>
 
+#include <cmath>
 #include <functional>
 #include <limits>
 #include <optional>
@@ -38,7 +39,18 @@ using FunctionLibrary = std::span<const FunctionRow>;
 
 /// The value of a call, or nothing: a wrong number of arguments, an argument that is not finite, a call outside the
 /// function's domain, a result that is not finite.
-Value CallFunction(const FunctionRow& row, Arguments arguments, const RandomSource& random);
+inline Value CallFunction(const FunctionRow& row, Arguments arguments, const RandomSource& random)
+{
+    const auto count = static_cast<qsizetype>(arguments.size());
+    if (count < row.fewest || count > row.most)
+        return std::nullopt;
+    for (const double argument : arguments) {
+        if (!std::isfinite(argument))
+            return std::nullopt;
+    }
+    const Value value = row.value ? row.value(arguments) : row.drawn(arguments, random);
+    return value && std::isfinite(*value) ? value : std::nullopt;
+}
 
 /// 64 bits of the toolkit's global generator.
 quint64 GlobalRandomBits();
