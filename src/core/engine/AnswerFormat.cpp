@@ -155,13 +155,18 @@ QString PatternText(double value, QStringView pattern)
 
 } // namespace
 
+// Most values are near no short number, and that is told without the division: what is within the tolerance of one
+// lies at each scale within the scaled tolerance, and a little for the roundings, of an integer. Adding and taking off
+// a number whose last place is the units' rounds to such an integer, or leaves a larger value as it is.
 double SnapResidue(double value)
 {
     const double tolerance = std::max(residue, std::fabs(value) * residue);
+    constexpr double units = 0x1.8p52;
     double scale = 1;
     for (int decimals = 0; decimals <= mostSnappedDecimals; ++decimals, scale *= 10.0) {
         const double scaled = value * scale;
-        if (!std::isfinite(scaled))
+        const double distance = std::fabs(scaled - ((scaled + units) - units));
+        if (!(distance <= 1.1 * tolerance * scale)) // infinite values have no distance
             continue;
         const double snapped = std::round(scaled) / scale;
         if (std::fabs(value - snapped) <= tolerance)

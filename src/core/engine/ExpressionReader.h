@@ -115,21 +115,19 @@ private:
 
     bool ReadNumber()
     {
+        const std::optional<double> value =
+            BeginsBaseLiteral(text, position) ? TakeBaseLiteral() : TakeDecimalLiteral(text, position);
+        if (value)
+            sink.Number(*value);
+        return value.has_value();
+    }
+
+    std::optional<double> TakeBaseLiteral()
+    {
         double value = 0;
         bool invalid = false;
-        if (ProgrammerMath::TryParseBaseLiteral(text, position, value, invalid)) {
-            sink.Number(value);
-            return true;
-        }
-        const qsizetype end = DecimalLiteralEnd(text, position);
-        if (invalid || end == position)
-            return false;
-        const std::optional<double> decimal = DecimalLiteralValue(text.sliced(position, end - position));
-        if (!decimal)
-            return false;
-        sink.Number(*decimal);
-        position = end;
-        return true;
+        return ProgrammerMath::TryParseBaseLiteral(text, position, value, invalid) ? std::optional(value)
+                                                                                   : std::nullopt;
     }
 
     // An identifier that stands for a value, a constant, or a call: complete, or open for its first argument.

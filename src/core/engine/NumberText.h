@@ -14,11 +14,22 @@
 qsizetype DecimalLiteralEnd(QStringView text, qsizetype position);
 
 /// Whether a base literal begins at `position`: a `0` and one of `b`, `o`, `x` in any case, valid or not.
-bool BeginsBaseLiteral(QStringView text, qsizetype position);
+inline bool BeginsBaseLiteral(QStringView text, qsizetype position)
+{
+    if (position + 1 >= text.size() || text[position] != u'0')
+        return false;
+    const char16_t mark = text[position + 1].unicode() | 0x20;
+    return mark == u'b' || mark == u'o' || mark == u'x';
+}
 
 /// Where the number literal (decimal, or base literal with all that hangs on it) that begins at `position` ends;
 /// `position` itself where none begins there. Passes that replace names step over what this spans.
 qsizetype NumberLiteralEnd(QStringView text, qsizetype position);
+
+/// Reads the decimal literal at `position`; see DecimalLiteralValue.
+///
+/// @param position  behind the literal after success, unchanged otherwise
+std::optional<double> TakeDecimalLiteral(QStringView text, qsizetype& position);
 
 /// The value of a decimal literal, correctly rounded; nothing where QString::toDouble refuses it: no digit, digits of
 /// another script, a magnitude that overflows or vanishes.

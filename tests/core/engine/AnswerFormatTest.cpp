@@ -16,6 +16,7 @@ private slots:
     void DefaultFormat_data();
     void DefaultFormat();
     void DefaultFormatIsTheToolkits();
+    void SnappingIsThePlainRules();
     void Base_data();
     void Base();
     void EveryPatternIsGood();
@@ -110,6 +111,41 @@ void AnswerFormatTest::DefaultFormatIsTheToolkits()
             value = (random.generateDouble() - 0.5) * 1e7 / std::pow(10.0, random.bounded(8));
         QCOMPARE(FormatAnswer(value, {}), QString::number(SnapResidue(value), 'g', 15));
     }
+}
+
+// The rule as it is said, a division at each scale.
+static double SnappedPlainly(double value)
+{
+    const double tolerance = std::max(1e-14, std::fabs(value) * 1e-14);
+    double scale = 1;
+    for (int decimals = 0; decimals <= 12; ++decimals, scale *= 10.0) {
+        const double scaled = value * scale;
+        const double snapped = std::round(scaled) / scale;
+        if (std::isfinite(scaled) && std::fabs(value - snapped) <= tolerance)
+            return snapped;
+    }
+    return value;
+}
+
+// About as many values lie just inside the tolerance of a short number as just outside.
+void AnswerFormatTest::SnappingIsThePlainRules()
+{
+    QRandomGenerator random(1013);
+    int snapped = 0;
+    for (int i = 0; i < 500000; ++i) {
+        const double size = std::pow(10.0, random.bounded(-14, 18));
+        double value = std::round(random.generateDouble() * size) / std::pow(10.0, random.bounded(14));
+        value += std::max(1e-14, value * 1e-14) * (random.bounded(9) - 4) * random.generateDouble() / 2;
+        if (random.bounded(4) == 0)
+            value = (random.generateDouble() - 0.5) * size;
+        const double expected = SnappedPlainly(value);
+        snapped += expected != value;
+        QVERIFY2(SnapResidue(value) == expected, qPrintable(QString::number(value, 'g', 17)));
+    }
+    QVERIFY2(snapped > 100000 && snapped < 400000, qPrintable(QString::number(snapped)));
+    for (const double value : {HUGE_VAL, -HUGE_VAL, 1.7e308, 4503599627370497.5, 5e-324, -0.0})
+        QCOMPARE(SnapResidue(value), SnappedPlainly(value));
+    QVERIFY(std::isnan(SnapResidue(std::nan(""))));
 }
 
 void AnswerFormatTest::Base_data()
