@@ -44,13 +44,13 @@ private:
 
     Course RunStart(quint64 start);
     Course Iterate();
+    Course Fail();
     bool FindStep();
-    bool FindUndampedOrDampedStep(const Matrix& normal, const std::vector<double>& descent);
+    bool FindUndampedOrDampedStep();
     bool BuildJacobian();
     bool DifferentiateBy(size_t unknown);
     bool EvaluateMoved(size_t unknown, double value, std::vector<double>& residuals);
     bool AcceptCandidate();
-    bool RaiseDamping();
     bool Evaluate(Sample& sample);
     void KeepBest(const Sample& sample);
     Point SnappedAnswer();
@@ -58,23 +58,31 @@ private:
     const EquationSystem& system;
     SearchPulse& pulse;
     size_t systemWork = 0; // of one evaluation
+    bool drawsRandomly = false;
     Sample current;
     Sample candidate;
     Sample best;
     bool haveBest = false;
     double damping = firstDamping;
     Matrix jacobian;
+    bool jacobianIsCurrent = false;
+    Matrix normal;               // the normal equations' left side
+    std::vector<double> descent; // and their right one
     std::vector<double> step;
+    bool stepIsDamped = false;
     std::vector<double> above; // residuals with one unknown a little larger
     std::vector<double> below;
 };
 
 NonlinearSearch::NonlinearSearch(const EquationSystem& equations, SearchPulse& heartbeat)
-    : system(equations), pulse(heartbeat), jacobian(equations.compiled.size(), equations.Unknowns())
+    : system(equations), pulse(heartbeat), jacobian(equations.compiled.size(), equations.Unknowns()),
+      normal(equations.Unknowns(), equations.Unknowns())
 {
     current.values.resize(system.Unknowns());
-    for (const CompiledEquation& equation : system.compiled)
+    for (const CompiledEquation& equation : system.compiled) {
         systemWork += equation.Work();
+        drawsRandomly |= equation.DrawsRandomly();
+    }
 }
 
 SearchEnd NonlinearSearch::Run(Point& values)
@@ -92,7 +100,11 @@ SearchEnd NonlinearSearch::Run(Point& values)
 NonlinearSearch::Course NonlinearSearch::RunStart(quint64 start)
 {
     damping = firstDamping;
+    jacobianIsCurrent = false;
     SetStartPoint(current.values, start);
+    if (!Evaluate(current))
+        return Course::StartIsOver;
+    KeepBest(current);
     for (int i = 0; i < mostIterations; ++i) {
         const Course course = Iterate();
         if (course != Course::GoOn)
@@ -104,32 +116,34 @@ NonlinearSearch::Course NonlinearSearch::RunStart(quint64 start)
 // A stopped pulse makes every evaluation and every solve fail, and so ends the iteration without a decision.
 NonlinearSearch::Course NonlinearSearch::Iterate()
 {
-    if (!Evaluate(current))
-        return Course::StartIsOver;
-    KeepBest(current);
     if (current.residuals.empty() || LargestResidual(current.residuals) < exactResidual)
         return Course::Solved;
-    if (!BuildJacobian())
+    jacobianIsCurrent = jacobianIsCurrent || BuildJacobian();
+    if (!jacobianIsCurrent)
         return Course::StartIsOver;
     if (!FindStep() || !AcceptCandidate())
-        return RaiseDamping() ? Course::GoOn : Course::StartIsOver;
+        return Fail();
     std::swap(current, candidate);
+    jacobianIsCurrent = false;
     damping = std::max(leastDamping, damping / 10);
     return Course::GoOn;
 }
 
-bool NonlinearSearch::RaiseDamping()
+// The next iteration takes the same point with more damping. A step without damping would be the same again, and fail
+// again, unless the equations draw random numbers.
+NonlinearSearch::Course NonlinearSearch::Fail()
 {
     damping *= 10;
-    return !pulse.IsStopped() && damping <= mostDamping;
+    const bool hopeless = !stepIsDamped && !drawsRandomly;
+    return pulse.IsStopped() || hopeless || damping > mostDamping ? Course::StartIsOver : Course::GoOn;
 }
 
 // The normal equations: (J transposed times J) step = -(J transposed times residuals).
 bool NonlinearSearch::FindStep()
 {
     const size_t unknowns = system.Unknowns();
-    Matrix normal(unknowns, unknowns);
-    std::vector<double> descent(unknowns);
+    normal.entries.assign(unknowns * unknowns, 0);
+    descent.assign(unknowns, 0);
     for (size_t i = 0; i < jacobian.rows; ++i) {
         const double* row = jacobian.Row(i);
         for (size_t j = 0; j < unknowns; ++j) {
@@ -142,17 +156,17 @@ bool NonlinearSearch::FindStep()
     }
     for (double& component : descent)
         component = -component;
-    return FindUndampedOrDampedStep(normal, descent);
+    return FindUndampedOrDampedStep();
 }
 
-bool NonlinearSearch::FindUndampedOrDampedStep(const Matrix& normal, const std::vector<double>& descent)
+bool NonlinearSearch::FindUndampedOrDampedStep()
 {
-    if (SolveNumericLinearSystem(normal, descent, step, pulse))
+    stepIsDamped = !SolveNumericLinearSystem(normal, descent, step, pulse);
+    if (!stepIsDamped)
         return true;
-    Matrix damped = normal;
-    for (size_t i = 0; i < damped.rows; ++i)
-        damped.Row(i)[i] += damping;
-    return SolveNumericLinearSystem(damped, descent, step, pulse);
+    for (size_t i = 0; i < normal.rows; ++i)
+        normal.Row(i)[i] += damping;
+    return SolveNumericLinearSystem(normal, descent, step, pulse);
 }
 
 bool NonlinearSearch::BuildJacobian()
@@ -190,10 +204,11 @@ bool NonlinearSearch::EvaluateMoved(size_t unknown, double value, std::vector<do
     bool valid = true;
     for (size_t i = 0; i < residuals.size() && valid; ++i) {
         const CompiledEquation& equation = system.compiled[i];
-        valid = pulse.MayGoOn(1);
-        if (equation.DependsOn(unknown)) {
+        const bool depends = equation.DependsOn(unknown);
+        valid = pulse.MayGoOn(depends ? equation.Work() : 1);
+        if (valid && depends) {
             const Value residual = equation.Residual(current.values);
-            valid = residual && pulse.MayGoOn(equation.Work());
+            valid = residual.has_value();
             residuals[i] = residual.value_or(0);
         }
         cost += residuals[i] * residuals[i];

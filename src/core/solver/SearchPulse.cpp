@@ -8,21 +8,12 @@ namespace {
 
 constexpr qint64 tickInterval = 100; // milliseconds
 constexpr int mostDots = 3;
-constexpr size_t workPerClock = 5000; // well under a millisecond, and far more than asking the clock costs
 
 } // namespace
 
 SearchPulse::SearchPulse(SearchTick onTick) : tick(std::move(onTick)), nextTick(tickInterval)
 {
     clock.start();
-}
-
-bool SearchPulse::MayGoOn(size_t work)
-{
-    workSinceClock += work;
-    if (workSinceClock >= workPerClock && !stopped)
-        AskClock();
-    return !stopped;
 }
 
 void SearchPulse::AskClock()

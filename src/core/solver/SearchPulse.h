@@ -16,11 +16,19 @@ public:
 
     /// Whether the search may go on after `work` operations (some nanoseconds each) since the last call. It costs
     /// little: the clock is asked only now and then. Once stopped, it stays so.
-    bool MayGoOn(size_t work);
+    bool MayGoOn(size_t work)
+    {
+        workSinceClock += work;
+        if (workSinceClock >= workPerClock && !stopped)
+            AskClock();
+        return !stopped;
+    }
 
     bool IsStopped() const { return stopped; }
 
 private:
+    static constexpr size_t workPerClock = 5000; // well under a millisecond, and far more than asking the clock costs
+
     void AskClock();
 
     SearchTick tick;
