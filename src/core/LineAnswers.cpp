@@ -12,6 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qsizetype longestPreview = 10'000; // characters, of the line as well as of what is said of it
+
 std::optional<QString> PreviewFunctionDefinition(Calculator&, const QString& line)
 {
     QString rest;
@@ -196,12 +198,14 @@ Submission SubmitFormat(Calculator& calculator, const QString& rest)
 QString PreviewText(Calculator& calculator, const QString& line)
 {
     const QString trimmed = line.trimmed();
-    if (trimmed.isEmpty())
+    if (trimmed.isEmpty() || trimmed.size() > longestPreview)
         return QString();
     const QString normalized = calculator.NormalizeSubmittedMath(trimmed);
+    if (normalized.size() > longestPreview)
+        return QString();
     for (const auto preview : previews) {
         if (const std::optional<QString> text = preview(calculator, normalized))
-            return *text;
+            return text->size() > longestPreview ? QString() : *text;
     }
     return QString();
 }

@@ -39,8 +39,7 @@ Seconds Difference(qint64 left, qint64 right)
 
 bool IsNearEnough(QDate date)
 {
-    const qint64 day = date.toJulianDay() - QDate(1970, 1, 1).toJulianDay();
-    return date.isValid() && std::abs(day) <= farthestDay;
+    return date.isValid() && std::abs(QDate(1970, 1, 1).daysTo(date)) <= farthestDay;
 }
 
 // A date counts from its first moment, which is 0:00:00 but for the days on which the clocks skip that hour.

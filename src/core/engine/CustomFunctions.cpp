@@ -8,6 +8,7 @@
 
 #include <QHash>
 #include <QRegularExpression>
+#include <QSet>
 #include <QSettings>
 
 #include <algorithm>
@@ -197,13 +198,15 @@ using NameTest = std::function<bool(const QString&)>;
 std::optional<QStringList> ParameterNames(const QStringList& pieces, const NameTest& isTaken, QString& invalid)
 {
     QStringList names;
+    QSet<QString> seen;
     for (const QString& piece : pieces) {
         const QString name = piece.trimmed().toUpper();
-        if (!IsValidVariableName(name) || isTaken(name) || names.contains(name)) {
+        if (!IsValidVariableName(name) || isTaken(name) || seen.contains(name)) {
             invalid = piece.trimmed();
             return std::nullopt;
         }
         names += name;
+        seen.insert(name);
     }
     return names;
 }

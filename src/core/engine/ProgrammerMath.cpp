@@ -198,7 +198,7 @@ bool TryExtractOutputConversion(QStringView text, QString& inner, int& base)
         return false;
     const QStringView name = line.first(open).trimmed();
     const auto row = std::find_if(std::begin(baseNames), std::end(baseNames), [&](const BaseName& candidate) {
-        return name.compare(candidate.function, Qt::CaseInsensitive) == 0;
+        return name.size() == candidate.function.size() && name.compare(candidate.function, Qt::CaseInsensitive) == 0;
     });
     if (row == std::end(baseNames) || ClosingBracket(line, open) != line.size() - 1)
         return false;

@@ -28,6 +28,15 @@ QString ReplaceNames(const QString& text, Replacement replacement)
     return copied == 0 ? text : replaced + QStringView(text).sliced(copied);
 }
 
+bool MayNameANS(QStringView text)
+{
+    for (qsizetype i = 2; i < text.size(); ++i) {
+        if ((text[i].unicode() | 0x20) == u's' && (text[i - 1].unicode() | 0x20) == u'n')
+            return true;
+    }
+    return false;
+}
+
 bool IsKeptSign(QChar c)
 {
     return QStringView(u".!%()*+-/^÷").contains(c);
@@ -50,6 +59,8 @@ bool IsExponentMark(QStringView text, qsizetype position)
 QString ReplaceANS(const QString& text, double ans)
 {
     constexpr QStringView word = u"ANS";
+    if (!MayNameANS(text))
+        return text;
     return ReplaceNames(text, [&](QStringView name, QString& value) -> qsizetype {
         if (!name.endsWith(word, Qt::CaseInsensitive))
             return 0;

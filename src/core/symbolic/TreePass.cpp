@@ -383,6 +383,8 @@ private:
         const NodePointer& exponent = frame.right;
         if (IsWholePower(base) && IsNumber(exponent) && IsPositiveWhole(exponent->number)) {
             const double product = std::round(base->right->number) * std::round(exponent->number);
+            if (!std::isfinite(product))
+                return Stay(frame);
             return Done(frame, MakeBinary(Type::Power, base->left, MakeNumber(product)));
         }
         if (IsOneNumber(base))
