@@ -78,18 +78,10 @@ bool IsRefusedForSpace(int error)
     return error == ENOSPC || error == EDQUOT || error == EFBIG;
 }
 
-// Some file systems know only here that they are full; some know nothing of syncing.
-bool ReachesDisk(int file)
-{
-    return fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP;
-}
-
-// The space is taken before the first byte is overwritten, where the file system can.
+// The space is taken before the first byte is overwritten.
 bool Overwrite(int file, const QByteArray& bytes)
 {
-    if (fallocate(file, FALLOC_FL_KEEP_SIZE, 0, bytes.size()) != 0 && IsRefusedForSpace(errno))
-        return false;
-    return WriteFromStart(file, bytes) && ReachesDisk(file);
+    return TakeSpace(file, 0, bytes.size()) && WriteFromStart(file, bytes) && ReachesDisk(file);
 }
 
 QByteArray Contents(const QString& path)
@@ -139,4 +131,15 @@ FileReplacement ReplaceFileContents(const QString& path, const QByteArray& bytes
         return FileReplacement::Incomplete;
     }
     return file.commit() ? FileReplacement::Complete : WriteInPlace(path, bytes, created);
+}
+
+bool TakeSpace(int file, qint64 from, qint64 bytes)
+{
+    return bytes == 0 || fallocate(file, FALLOC_FL_KEEP_SIZE, from, bytes) == 0 || !IsRefusedForSpace(errno);
+}
+
+// Some file systems know only here that they are full.
+bool ReachesDisk(int file)
+{
+    return fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP;
 }

@@ -22,3 +22,12 @@ enum class NewFile { AsUsual, ForOwnerAlone };
 /// Makes `bytes` the content of the file. What is no file, like a directory or a pipe that nobody reads, cannot be
 /// opened.
 FileReplacement ReplaceFileContents(const QString& path, const QByteArray& bytes, NewFile created = NewFile::AsUsual);
+
+/// Takes the space that bytes from a place of an open file on will need, so that they can be written whole or not at
+/// all. The file's size stays.
+///
+/// @return false if there is not as much; a file system that cannot take space ahead counts as having it
+bool TakeSpace(int file, qint64 from, qint64 bytes);
+
+/// Waits until an open file's content is on the disk. Where the file system knows nothing of that, it counts as there.
+bool ReachesDisk(int file);

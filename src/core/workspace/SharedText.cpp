@@ -54,7 +54,7 @@ std::optional<TextChange> ChangeBetween(const WeightedText& present, const Weigh
 void WeightedText::Append(QStringView run, bool isBold)
 {
     text += run;
-    bold.resize(static_cast<size_t>(text.size()), isBold);
+    bold.resize(static_cast<size_t>(text.size()), isBold ? 1 : 0);
 }
 
 void WeightedText::Append(const WeightedText& other, qsizetype first, qsizetype end)
@@ -75,7 +75,7 @@ QList<PadRun> WeightedText::Runs(qsizetype first, qsizetype end) const
     return runs;
 }
 
-void SharedText::Replace(int from, int removed, const WeightedText& inserted)
+void SharedText::Replace(int from, int removed, WeightedText inserted)
 {
     qsizetype first = 0;
     qsizetype start = 0;
@@ -86,19 +86,20 @@ void SharedText::Replace(int from, int removed, const WeightedText& inserted)
     while (end < pieces.size() && (end == first || stop < from + removed))
         stop += Size(pieces[end++]);
 
+    length += static_cast<int>(inserted.text.size()) - removed;
     WeightedText changed;
-    if (first < end)
-        changed.Append(*pieces[first], 0, from - start);
-    changed.Append(inserted, 0, inserted.text.size());
     if (first < end) {
+        changed.Append(*pieces[first], 0, from - start);
+        changed.Append(inserted, 0, inserted.text.size());
         const qsizetype size = Size(pieces[end - 1]);
         changed.Append(*pieces[end - 1], size - (stop - from - removed), size);
+    } else {
+        changed = std::move(inserted);
     }
     if (changed.text.size() < smallestPiece && end < pieces.size()) {
         changed.Append(*pieces[end], 0, Size(pieces[end]));
         ++end;
     }
-    length += static_cast<int>(inserted.text.size()) - removed;
     const QList<Piece> fresh = Split(std::move(changed));
     pieces.remove(first, end - first);
     pieces.insert(first, fresh.size(), Piece());
@@ -121,6 +122,15 @@ QList<SharedText::Piece> SharedText::Split(WeightedText text)
         parts.append(std::make_shared<const WeightedText>(std::move(part)));
     }
     return parts;
+}
+
+QString SharedText::Text() const
+{
+    QString text;
+    text.reserve(length);
+    for (const Piece& piece : pieces)
+        text += piece->text;
+    return text;
 }
 
 WeightedText SharedText::Part(qsizetype firstPiece, qsizetype endPiece) const

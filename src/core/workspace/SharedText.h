@@ -18,7 +18,7 @@
 /// A text with a weight for each of its UTF-16 units.
 struct WeightedText {
     QString text;
-    std::vector<bool> bold; ///< as many as `text` has units
+    std::vector<char> bold; ///< 0 or 1, as many as `text` has units; whole bytes are quickly copied
 
     void Append(QStringView run, bool isBold);
 
@@ -43,10 +43,13 @@ public:
     int Length() const { return length; }
 
     /// Replaces `removed` units at `from`; both must lie within the text.
-    void Replace(int from, int removed, const WeightedText& inserted);
+    void Replace(int from, int removed, WeightedText inserted);
 
     /// A copy of the whole.
     WeightedText Content() const { return Part(0, pieces.size()); }
+
+    /// A copy of the text alone.
+    QString Text() const;
 
     /// The changes that make `wanted` out of this text, weights included: none if they are equal. The last in the text
     /// comes first, so that none moves the place of those behind it in the list. No change parts a surrogate pair.

@@ -1,0 +1,177 @@
+#include "core/workspace/LogSearch.h"
+
+#include <QTest>
+
+#include <array>
+
+namespace {
+
+const QDeadlineTimer noTime(0);
+
+SearchResult RunToEnd(PatternSearch& search, int& slices)
+{
+    for (slices = 1;; ++slices) {
+        const SearchResult result = search.Continue(noTime);
+        if (result != SearchResult::Unfinished || slices == 100000)
+            return result;
+    }
+}
+
+// Lines as a log has them, with characters of one and of two units.
+QString Filler(qsizetype size)
+{
+    QString text;
+    for (int i = 0; text.size() < size; ++i)
+        text += QString::number(i) + QString::fromUtf8(i % 7 == 0 ? " + 12*RATE 𝛑𝛑\n" : " + SQRT(4) MONTHLY=3\n");
+    return text;
+}
+
+// The needle stands around the places where pieces can end, at the ends of the text, and nowhere.
+QStringList TextsWithNeedles()
+{
+    const QString lines = Filler(600000);
+    QStringList texts;
+    for (const QString& base : {lines, QString(lines).replace('\n', ' ')}) {
+        for (const qsizetype place : {0, 30, 16381, 16384, 81917, 344061, 599990}) {
+            const qsizetype between = base[place].isLowSurrogate() ? place + 1 : place;
+            const QString text = QString(base).insert(between, place % 2 == 0 ? "needle" : "needle\n");
+            texts << text << text.first(40000) << text + "\nneedle";
+        }
+    }
+    return texts;
+}
+
+} // namespace
+
+class LogSearchTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void PiecesAsTheWhole_data();
+    void PiecesAsTheWhole();
+    void Costly_data();
+    void Costly();
+    void Days_data();
+    void Days();
+    void InvalidTerms_data();
+    void InvalidTerms();
+};
+
+void LogSearchTest::PiecesAsTheWhole_data()
+{
+    QTest::addColumn<QString>("pattern");
+    // clang-format off
+    for (const char* pattern :
+         {"needle", "NEEDLE", "n.*e", "needle$", "(?m)needle$", "(?m)^needle", "^needle", "needle\\z", "needle\\Z",
+          "\\bneedle\\b", "needle\\B", "(?<=\\n)needle", "(?<!\\n)needle", "needle(?=\\n)", "needle(?!\\n)",
+          "needle(?=\\nx)", "(?s)needle.{5}", "(?s)needle.*MONTHLY", "(?s)\\n12 .*needle", "(?s)\\n12 .*?needle\\s",
+          "needle[^x]+RATE", "(n)(e)\\2dle", "needle\\R", "needle|pin", "(?s)needle.\\K.", "x*needle", "needle\\d*$",
+          "\\Gneedle", "x(*COMMIT)y|needle", "needle(?s).+", "needle\\X\\X", "𝛑needle", "[^\\n]needle", "needle.",
+          "\\A(?s).*needle", ".*needle", "(?s).*needle", "needle\\s*\\n\\s*\\d", "(?<=ne)edle\\n\\d",
+          "(?s)(?<=\\n12 \\+).*needle"}) {
+        QTest::newRow(pattern) << pattern;
+    }
+    // clang-format on
+}
+
+void LogSearchTest::PiecesAsTheWhole()
+{
+    QFETCH(QString, pattern);
+    const QRegularExpression expression = SearchExpression(pattern, Qt::CaseSensitive);
+    QVERIFY(expression.isValid());
+    static const QStringList texts = TextsWithNeedles();
+    for (const QString& text : texts) {
+        PatternSearch search(expression, text);
+        int slices = 0;
+        const bool found = expression.match(text).hasMatch();
+        QCOMPARE(RunToEnd(search, slices), found ? SearchResult::Found : SearchResult::Absent);
+    }
+}
+
+void LogSearchTest::Costly_data()
+{
+    QTest::addColumn<QString>("pattern");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<SearchResult>("result");
+    const QString letters(2000, 'a');
+    // clang-format off
+    QTest::newRow("more and more ways to the same end") << "(a+)+$"    << letters + "!\n"                << SearchResult::Failed;
+    QTest::newRow("also in a later piece")              << "(a+)+$"    << Filler(300000) + letters + "!" << SearchResult::Failed;
+    QTest::newRow("more depth than there is memory")    << "(a|b)*x"   << letters.repeated(50) + "x"     << SearchResult::Failed;
+    QTest::newRow("only many steps")                    << ".*=.*=.*x" << Filler(3000000)                << SearchResult::Absent;
+    // clang-format on
+}
+
+void LogSearchTest::Costly()
+{
+    QFETCH(QString, pattern);
+    QFETCH(QString, text);
+    PatternSearch search(SearchExpression(pattern, Qt::CaseInsensitive), text);
+    int slices = 0;
+    QTEST(RunToEnd(search, slices), "result");
+    QVERIFY(text.size() < 200000 || slices > 2);
+}
+
+void LogSearchTest::Days_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("caseSensitive");
+    QTest::addColumn<QList<qsizetype>>("matching");
+    using Indices = QList<qsizetype>;
+    // clang-format off
+    QTest::newRow("nothing: every day")                 << ""                       << false << Indices{0, 1, 2, 3};
+    QTest::newRow("blanks too")                         << "  "                     << false << Indices{0, 1, 2, 3};
+    QTest::newRow("a word in any case")                 << "mortgage"               << false << Indices{0, 1, 2};
+    QTest::newRow("a word in its case")                 << "MORTGAGE"               << true  << Indices{0, 2};
+    QTest::newRow("all words, from different entries")  << "mortgage payment"       << false << Indices{0, 2};
+    QTest::newRow("a phrase stays together")            << "\"mortgage payment\""   << false << Indices{2};
+    QTest::newRow("no day with an excluded word")       << "mortgage -car"          << false << Indices{1, 2};
+    QTest::newRow("an excluded word alone")             << "-mortgage"              << false << Indices{3};
+    QTest::newRow("an excluded phrase")                 << "-\"mortgage payment\""  << false << Indices{0, 1, 3};
+    QTest::newRow("any text, within a line")            << "mort*payment"           << false << Indices{2};
+    QTest::newRow("one character and a digit")          << "r?te=#"                 << false << Indices{3};
+    QTest::newRow("a set")                              << "[x-z]=[!5]"             << false << Indices{1};
+    QTest::newRow("an open bracket is itself")          << "[a"                     << false << Indices{0};
+    QTest::newRow("what is special to expressions is itself") << "5+(2"             << false << Indices{3};
+    QTest::newRow("nowhere")                            << "mortgage -mortgage"     << false << Indices{};
+    // clang-format on
+}
+
+void LogSearchTest::Days()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, caseSensitive);
+    const std::array<QString, 4> texts{"MORTGAGE\n--\n[a] PAYMENT\nCAR\n", "Mortgage\nx=4\n", "MORTGAGE PAYMENT\ny=5\n",
+                                       "rate=3\n5+(2)\n"};
+    QList<LogDay> days;
+    for (const QString& day : texts)
+        days.append({QDate(2026, 11, 30).addDays(-days.size()), day});
+    QList<SearchTerm> terms;
+    QString error;
+    QVERIFY(BuildFriendlySearchTerms(text, caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive, terms, error));
+    LogSearch search(days, terms);
+    while (search.Continue(noTime) == SearchResult::Unfinished) {
+    }
+    QTEST(search.MatchingDays(), "matching");
+}
+
+void LogSearchTest::InvalidTerms_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a range the wrong way round") << "[z-a]";
+    QTest::newRow("behind a valid term") << "mortgage [z-a]";
+    QTest::newRow("an excluded one") << "-[z-a]";
+}
+
+void LogSearchTest::InvalidTerms()
+{
+    QFETCH(QString, text);
+    QList<SearchTerm> terms{{}};
+    QString error;
+    QVERIFY(!BuildFriendlySearchTerms(text, Qt::CaseInsensitive, terms, error));
+    QVERIFY(terms.isEmpty());
+    QVERIFY(!error.isEmpty() && error != "no error");
+}
+
+QTEST_GUILESS_MAIN(LogSearchTest)
+#include "LogSearchTest.moc"
