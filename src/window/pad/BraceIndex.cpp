@@ -1,6 +1,6 @@
 #include "window/pad/BraceIndex.h"
 
-#include <QTextBlock>
+#include "window/pad/PadText.h"
 
 #include <algorithm>
 
@@ -43,14 +43,10 @@ void BraceIndex::Update(int from, int removed, int added)
 std::vector<Brace> BraceIndex::BracesIn(int from, int end) const
 {
     std::vector<Brace> found;
-    for (QTextBlock block = document->findBlock(from); block.isValid() && block.position() < end;
-         block = block.next()) {
-        const QString text = block.text();
-        const int last = std::min(static_cast<int>(text.size()), end - block.position());
-        for (int i = std::max(0, from - block.position()); i < last; ++i) {
-            if (text[i] == u'{' || text[i] == u'}')
-                found.push_back({block.position() + i, text[i] == u'{'});
-        }
+    const QString text = RawText(*document, from, end);
+    for (int i = 0; i < text.size(); ++i) {
+        if (text[i] == u'{' || text[i] == u'}')
+            found.push_back({from + i, text[i] == u'{'});
     }
     return found;
 }

@@ -7,9 +7,11 @@
 #include "core/solver/EquationBlock.h"
 #include "core/symbolic/SymbolicCommands.h"
 #include "window/assist/Help.h"
+#include "window/pad/Announcement.h"
 #include "window/pad/Pad.h"
 #include "window/pad/PadActivity.h"
 #include "window/status/Information.h"
+#include "window/status/StorageDiagnostics.h"
 
 #include <QCoreApplication>
 #include <QLabel>
@@ -33,6 +35,7 @@ struct LineSubmission::Try {
 
 // Who takes a submitted line, in this order.
 const LineSubmission::Try LineSubmission::tries[] = {
+    {Try::Offered::ForWord, {u"OSTRELLDEBUGSTORAGE"}, &LineSubmission::TryStorageDiagnostics},
     {Try::Offered::Always, {}, &LineSubmission::TryEquationBlock},
     {Try::Offered::ForCommand, {u"MENU"}, &LineSubmission::TryMenuOption},
     {Try::Offered::ForWord, {u"INFO"}, &LineSubmission::TryInformation},
@@ -132,6 +135,13 @@ void LineSubmission::Show(const Submission& submission)
     if (submission.status)
         label.setText(*submission.status);
     pad.Insert(submission.runs);
+    AnnounceSubmission(*pad.Editor(), submission);
+}
+
+std::optional<Submission> LineSubmission::TryStorageDiagnostics(const Line&)
+{
+    RunOstrellStorageDiagnostics(pad.Editor()->window());
+    return Submission();
 }
 
 std::optional<Submission> LineSubmission::TryEquationBlock(const Line& line)

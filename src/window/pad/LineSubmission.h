@@ -55,6 +55,7 @@ private:
     struct Try;
     static const Try tries[];
 
+    std::optional<Submission> TryStorageDiagnostics(const Line& line);
     std::optional<Submission> TryEquationBlock(const Line& line);
     std::optional<Submission> TryMenuOption(const Line& line);
     std::optional<Submission> TryInformation(const Line& line);

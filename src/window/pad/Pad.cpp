@@ -103,7 +103,14 @@ void Pad::CloseParentheses()
 void Pad::Clear()
 {
     const QSignalBlocker blocker(editor);
+    MoveToStartInNormalWeight(*editor);
     editor->clear();
+}
+
+void MoveToStartInNormalWeight(QPlainTextEdit& editor)
+{
+    editor.moveCursor(QTextCursor::Start);
+    editor.setCurrentCharFormat(QTextCharFormat());
 }
 
 qsizetype MissingParentheses(QStringView line)

@@ -50,6 +50,10 @@ private:
     bool changing = false;
 };
 
+/// Moves the cursor to the pad's start, where what is typed or set next is not bold. An editor that gets a new text
+/// gives it the weight at the cursor, and with a selection that is the weight before it.
+void MoveToStartInNormalWeight(QPlainTextEdit& editor);
+
 /// How many closing brackets a line lacks; none where one of them closes nothing. Brackets between two " or two ' do
 /// not count, nor does a quote behind an odd number of backslashes end anything.
 qsizetype MissingParentheses(QStringView line);

@@ -22,21 +22,37 @@ QChar PlainCharacter(QChar c)
     }
 }
 
-QString PlainText(QString text)
+} // namespace
+
+// To find each block of a large stretch takes longer than to copy the whole document in one go.
+QString RawText(const QTextDocument& document, int from, int end)
 {
-    for (QChar& c : text) {
-        if (const QChar plain = PlainCharacter(c); plain != c)
-            c = plain;
+    const int length = document.characterCount() - 1; // the document closes with a block's end of its own
+    end = std::min(end, length);
+    if (from >= end)
+        return QString();
+    if (end - from > length / 2)
+        return document.toRawText().sliced(from, end - from);
+    QString text;
+    int start = document.findBlock(from).position();
+    for (QTextBlock block = document.findBlock(from); start < end; block = block.next()) {
+        const int first = std::max(from - start, 0);
+        text += QStringView(block.text()).sliced(first, std::min(block.length() - 1, end - start) - first);
+        start += block.length();
+        if (start <= end)
+            text += QChar(QChar::ParagraphSeparator);
     }
     return text;
 }
 
-QString PlainText(const QTextBlock& block)
+QString PlainText(QString held)
 {
-    return PlainText(block.text());
+    for (QChar& c : held) {
+        if (const QChar plain = PlainCharacter(c); plain != c)
+            c = plain;
+    }
+    return held;
 }
-
-} // namespace
 
 PadText::PadText(QTextDocument* source) : document(source), braces(source) {}
 
@@ -53,30 +69,22 @@ QChar PadText::CharacterAt(int position) const
 int PadText::LineStart(int position) const
 {
     const QTextBlock block = document->findBlock(position);
-    const int inBlock = position - block.position();
-    return block.position() + static_cast<int>(QStringView(PlainText(block)).first(inBlock).lastIndexOf(u'\n')) + 1;
+    const QString text = block.text();
+    const auto before = QStringView(text).first(position - block.position());
+    return block.position() + static_cast<int>(before.lastIndexOf(QChar(QChar::LineSeparator))) + 1;
 }
 
 int PadText::LineEnd(int position) const
 {
     const QTextBlock block = document->findBlock(position);
-    const QString text = PlainText(block);
-    const auto feed = text.indexOf(u'\n', position - block.position());
+    const QString text = block.text();
+    const auto feed = text.indexOf(QChar(QChar::LineSeparator), position - block.position());
     return block.position() + static_cast<int>(feed < 0 ? text.size() : feed);
 }
 
 QString PadText::Text(int from, int end) const
 {
-    QString text;
-    for (QTextBlock block = document->findBlock(from); block.isValid() && block.position() < end;
-         block = block.next()) {
-        const int start = std::max(0, from - block.position());
-        const int last = std::min(block.length() - 1, end - block.position());
-        text += QStringView(PlainText(block)).sliced(start, last - start);
-        if (end - block.position() >= block.length())
-            text += u'\n';
-    }
-    return text;
+    return PlainText(RawText(*document, from, end));
 }
 
 bool PadText::IsInsideEquationBlock(int position) const

@@ -11,6 +11,12 @@
 
 #include <optional>
 
+/// The text of a document from `from` to before `end`, as the document holds it: U+2029 ends a block.
+QString RawText(const QTextDocument& document, int from, int end);
+
+/// The plain text that a document gives for a text that it holds.
+QString PlainText(QString held);
+
 class PadText {
 public:
     /// Reads `source`, which must outlive the reader.
