@@ -1,8 +1,9 @@
 #include "window/workspace/CalculationLog.h"
 
+#include "core/workspace/FileReplacement.h"
+#include "core/workspace/LogBook.h"
 #include "window/workspace/DataDirectory.h"
 
-#include <QDateTime>
 #include <QDesktopServices>
 #include <QFile>
 #include <QFileInfo>
@@ -21,17 +22,31 @@ bool EndsTorn(const QString& path)
     return file.open(QIODevice::ReadOnly) && file.seek(file.size() - 1) && file.read(1) != "\n";
 }
 
-QString Entry(const QString& padText)
-{
-    const QString hyphens(20, u'-');
-    return hyphens + QDateTime::currentDateTime().toString(Qt::TextDate) + hyphens + u'\n' + padText + u'\n';
-}
-
 // A pipe in the log's place would make the program wait for a reader.
 bool IsFileOrNothing(const QString& path)
 {
     const QFileInfo info(path);
     return info.isFile() || !info.exists();
+}
+
+// What is appended begins a line.
+LogAppend Append(const QString& text)
+{
+    const QString path = CalculationLogPath();
+    if (!IsFileOrNothing(path))
+        return {LogAppend::CannotOpen, u"Not a file"_s};
+    const QByteArray bytes = QString((EndsTorn(path) ? u"\n"_s : QString()) + text).toUtf8();
+    QFile file(path);
+    // Unbuffered, so that it goes out in one piece and mixes with nothing of another window's.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text | QIODevice::Unbuffered, forOwnerAlone))
+        return {LogAppend::CannotOpen, file.errorString()};
+    if (!TakeSpace(file.handle(), file.size(), bytes.size()))
+        return {LogAppend::Incomplete, qt_error_string()};
+    if (file.write(bytes) != bytes.size())
+        return {LogAppend::Incomplete, file.errorString()};
+    if (!ReachesDisk(file.handle()))
+        return {LogAppend::Incomplete, qt_error_string()};
+    return {LogAppend::Complete, {}};
 }
 
 } // namespace
@@ -41,16 +56,14 @@ QString CalculationLogPath()
     return DataFilePath(u"Quellbrook.log"_s);
 }
 
-void AppendToCalculationLog(const QString& padText)
+LogAppend AppendToCalculationLog(const QString& padText, const QDateTime& time)
 {
-    const QString path = CalculationLogPath();
-    if (!IsFileOrNothing(path))
-        return;
-    const QString lineEnd = EndsTorn(path) ? u"\n"_s : QString();
-    QFile file(path);
-    // Unbuffered, so that an entry goes out in one piece and mixes with none of another window's.
-    if (file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text | QIODevice::Unbuffered, forOwnerAlone))
-        file.write(QString(lineEnd + Entry(padText)).toUtf8());
+    return Append(LogEntry(time, padText));
+}
+
+LogAppend AppendLineToCalculationLog(const QString& line)
+{
+    return Append(line);
 }
 
 void OpenCalculationLog()

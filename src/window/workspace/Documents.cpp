@@ -3,6 +3,7 @@
 #include "core/workspace/DocumentText.h"
 #include "core/workspace/FileReplacement.h"
 #include "core/workspace/UndoHistory.h"
+#include "window/pad/Pad.h"
 
 #include <QAction>
 #include <QFile>
@@ -23,11 +24,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Up to these sizes a text is in the pad within about a second, as measured; beyond one of them the user is asked. The
-// editor lays a line out as a whole, and takes the square of a word's length to break it.
+// editor lays a line out as a whole.
 constexpr qint64 largeFile = 10'000'000; // bytes
 constexpr qsizetype manyLines = 300'000;
 constexpr qsizetype longLine = 500'000; // characters
-constexpr qsizetype longWord = 50'000;  // characters
 
 // Positions in the pad are of this type, and no byte of a file is more than one character.
 constexpr qint64 largestFile = std::numeric_limits<int>::max() / 2; // bytes
@@ -52,38 +52,21 @@ void Warn(QWidget& parent, const QString& title, const QString& text)
 
 bool TakesLongToShow(QStringView text)
 {
-    qsizetype lines = 1;
-    qsizetype lineStart = 0;
-    qsizetype wordStart = 0;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (!text[i].isSpace()) {
-            if (i - lineStart > longLine || i - wordStart > longWord)
-                return true;
-            continue;
-        }
-        wordStart = i + 1;
-        if (text[i] == u'\n') {
-            lineStart = i + 1;
-            ++lines;
-        }
+    qsizetype lines = 0;
+    qsizetype start = 0;
+    for (qsizetype end = 0; end >= 0; start = end + 1) {
+        end = text.indexOf(u'\n', start);
+        if ((end < 0 ? text.size() : end) - start > longLine || ++lines > manyLines)
+            return true;
     }
-    return lines > manyLines;
+    return false;
 }
 
-void MoveToStart(QPlainTextEdit& pad)
-{
-    QTextCursor cursor = pad.textCursor();
-    cursor.movePosition(QTextCursor::Start);
-    pad.setTextCursor(cursor);
-}
-
-// The editor gives the text the format of the character that the cursor stood behind, which may be an answer's bold.
 void ReplaceText(QPlainTextEdit& pad, const QString& text)
 {
-    MoveToStart(pad);
-    pad.setCurrentCharFormat(QTextCharFormat());
+    MoveToStartInNormalWeight(pad);
     pad.setPlainText(text);
-    MoveToStart(pad);
+    pad.moveCursor(QTextCursor::Start);
 }
 
 } // namespace

@@ -63,22 +63,22 @@ QString SavedOutputBase(const Ui::MainWindow& form)
 
 void LoadWorkspaceSettings(MainWindow& window, Ui::MainWindow& form, Calculator& calculator)
 {
-    QSettings settings(SettingsFilePath(), QSettings::IniFormat);
-    if (settings.contains(u"Font"_s))
-        form.Text1->setFont(settings.value(u"Font"_s).value<QFont>());
-    if (settings.contains(u"Format"_s))
-        calculator.values.formatPattern = settings.value(u"Format"_s).toString();
+    const std::unique_ptr<QSettings> settings = ReadSettingsFile();
+    if (settings->contains(u"Font"_s))
+        form.Text1->setFont(settings->value(u"Font"_s).value<QFont>());
+    if (settings->contains(u"Format"_s))
+        calculator.values.formatPattern = settings->value(u"Format"_s).toString();
     for (const OptionKey& option : optionKeys) {
-        if (settings.contains(option.key))
-            (form.*option.action)->setChecked(settings.value(option.key).toBool());
+        if (settings->contains(option.key))
+            (form.*option.action)->setChecked(settings->value(option.key).toBool());
     }
-    if (settings.contains(u"OutputBase"_s))
-        LoadOutputBase(form, settings.value(u"OutputBase"_s).toString().trimmed().toUpper());
-    calculator.customFunctions.LoadCustomFunctions(settings, IsReservedBuiltInName);
-    if (settings.contains(u"TopMost"_s))
-        ApplyTopMostState(window, settings.value(u"TopMost"_s).toBool());
-    if (settings.contains(u"WindowGeometry"_s))
-        window.restoreGeometry(settings.value(u"WindowGeometry"_s).toByteArray());
+    if (settings->contains(u"OutputBase"_s))
+        LoadOutputBase(form, settings->value(u"OutputBase"_s).toString().trimmed().toUpper());
+    calculator.customFunctions.LoadCustomFunctions(*settings, IsReservedBuiltInName);
+    if (settings->contains(u"TopMost"_s))
+        ApplyTopMostState(window, settings->value(u"TopMost"_s).toBool());
+    if (settings->contains(u"WindowGeometry"_s))
+        window.restoreGeometry(settings->value(u"WindowGeometry"_s).toByteArray());
 }
 
 void SaveWorkspaceSettings(const MainWindow& window, const Ui::MainWindow& form, const Calculator& calculator)

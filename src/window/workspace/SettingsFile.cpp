@@ -3,24 +3,59 @@
 #include "core/workspace/FileReplacement.h"
 #include "window/workspace/DataDirectory.h"
 
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QThread>
 
+#include <cerrno>
 #include <chrono>
+#include <fcntl.h>
 #include <optional>
+#include <sys/file.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr qint64 largestFile = 4'000'000; // bytes; tens of thousands of functions, and read within a second
+
+bool MayBeSettings(const QString& path)
+{
+    const QFileInfo file(path);
+    return !file.exists() || (file.isFile() && file.isReadable() && file.size() <= largestFile);
+}
 
 QByteArray BytesOf(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
+
+// Two programs that change keys at the same time wait for each other, but neither for long. The lock ends with the
+// program that holds it, however that ends, and leaves nothing behind.
+class DirectoryLock {
+public:
+    explicit DirectoryLock(const QString& directory)
+        : descriptor(open(QFile::encodeName(directory).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    {
+        const QDeadlineTimer patience(std::chrono::seconds(1));
+        while (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK && !patience.hasExpired())
+            QThread::msleep(10);
+    }
+    ~DirectoryLock()
+    {
+        if (descriptor >= 0)
+            close(descriptor);
+    }
+    Q_DISABLE_COPY_MOVE(DirectoryLock)
+
+private:
+    int descriptor;
+};
 
 void CopyKeys(const QSettings& from, QSettings& to)
 {
@@ -37,8 +72,7 @@ std::optional<QByteArray> ChangedContent(const QString& path, const std::functio
     const QByteArray lastSection("[%UFFFF]\nComplete=true\n");
     const QTemporaryDir drafts(path + u".XXXXXX"_s);
     const QString draftPath = drafts.filePath(u"draft.ini"_s);
-    const QFileInfo file(path);
-    if (!drafts.isValid() || (file.exists() && !file.isReadable()))
+    if (!drafts.isValid() || !MayBeSettings(path))
         return std::nullopt;
     {
         QSettings draft(draftPath, QSettings::IniFormat);
@@ -47,7 +81,7 @@ std::optional<QByteArray> ChangedContent(const QString& path, const std::functio
         draft.setValue(lastKey, true);
     }
     const QByteArray content = BytesOf(draftPath);
-    if (!content.endsWith(lastSection))
+    if (!content.endsWith(lastSection) || content.size() > largestFile)
         return std::nullopt;
     return content.chopped(lastSection.size()).trimmed() + '\n';
 }
@@ -59,12 +93,16 @@ QString SettingsFilePath()
     return DataFilePath(u"Quellbrook.ini"_s);
 }
 
+std::unique_ptr<QSettings> ReadSettingsFile()
+{
+    const QString path = SettingsFilePath();
+    return std::make_unique<QSettings>(MayBeSettings(path) ? path : QString(), QSettings::IniFormat);
+}
+
 bool ChangeSettingsFile(const std::function<void(QSettings&)>& change)
 {
     const QString path = SettingsFilePath();
-    // Two programs that change keys at the same time wait for each other, but neither for long.
-    QLockFile lock(path + u".lock"_s);
-    lock.tryLock(std::chrono::seconds(1));
+    const DirectoryLock lock(QFileInfo(path).path());
     const std::optional<QByteArray> content = ChangedContent(path, change);
     return content && ReplaceFileContents(path, *content, NewFile::ForOwnerAlone) == FileReplacement::Complete;
 }

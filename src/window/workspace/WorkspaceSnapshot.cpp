@@ -1,6 +1,7 @@
 #include "window/workspace/WorkspaceSnapshot.h"
 
 #include "core/Calculator.h"
+#include "window/pad/PadText.h"
 
 #include "ui_MainWindow.h"
 
@@ -14,11 +15,6 @@
 
 namespace {
 
-bool IsBold(const QTextCharFormat& format)
-{
-    return format.intProperty(QTextFormat::FontWeight) >= QFont::Bold;
-}
-
 QTextCharFormat FormatOf(const PadRun& run)
 {
     QTextCharFormat format;
@@ -27,27 +23,43 @@ QTextCharFormat FormatOf(const PadRun& run)
     return format;
 }
 
-// What of a fragment stands between two positions.
-void AppendFragment(WeightedText& text, const QTextFragment& fragment, int from, int end)
+// Which formats of the document are bold, by their indices.
+std::vector<bool> BoldFormats(const QTextDocument& document)
 {
-    const int first = std::max(from, fragment.position());
-    const int behind = std::min(end, fragment.position() + fragment.length());
-    if (first < behind) {
-        const QString all = fragment.text();
-        text.Append(QStringView(all).sliced(first - fragment.position(), behind - first),
-                    IsBold(fragment.charFormat()));
-    }
+    std::vector<bool> bold;
+    for (const QTextFormat& format : document.allFormats())
+        bold.push_back(format.isCharFormat() && format.intProperty(QTextFormat::FontWeight) >= QFont::Bold);
+    return bold;
+}
+
+// Makes the part of a run bold that lies in the text. `start` counts from the text's start.
+void MarkBold(WeightedText& text, int start, int length)
+{
+    const int first = std::max(start, 0);
+    const int behind = std::min(start + length, static_cast<int>(text.text.size()));
+    if (first < behind)
+        std::fill(text.bold.begin() + first, text.bold.begin() + behind, true);
 }
 
 // A block's end has a weight as well: what is typed into the empty line behind it takes it on.
 WeightedText TextBetween(const QTextDocument& document, int from, int end)
 {
     WeightedText text;
+    text.Append(RawText(document, from, end).replace(QChar::ParagraphSeparator, u'\n'), false);
+    const std::vector<bool> isBold = BoldFormats(document);
+    if (std::find(isBold.begin(), isBold.end(), true) == isBold.end())
+        return text;
+    const auto mark = [&](int format, int position, int length) {
+        if (isBold[static_cast<size_t>(format)])
+            MarkBold(text, position - from, length);
+    };
     for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() < end; block = block.next()) {
-        for (auto run = block.begin(); !run.atEnd(); ++run)
-            AppendFragment(text, run.fragment(), from, end);
-        if (block.position() + block.length() <= end)
-            text.Append(u"\n", IsBold(block.next().charFormat()));
+        for (auto run = block.begin(); !run.atEnd(); ++run) {
+            const QTextFragment fragment = run.fragment();
+            mark(fragment.charFormatIndex(), fragment.position(), fragment.length());
+        }
+        if (block.next().isValid())
+            mark(block.next().charFormatIndex(), block.position() + block.length() - 1, 1);
     }
     return text;
 }

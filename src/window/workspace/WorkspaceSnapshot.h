@@ -23,6 +23,9 @@ public:
     /// Serves the form and the calculator, which must outlive it, and switches the editor's own undo off.
     WorkspaceSnapshot(Ui::MainWindow& mainForm, Calculator& workspace, QObject* parent);
 
+    /// The pad's text as its document holds it. A copy costs nothing and may be read in another thread.
+    const SharedText& Text() const { return padText; }
+
     UndoState CaptureUndoState() const;
 
     /// Makes the workspace equal to the state, with the editor's signals blocked. The keyboard goes to the pad, and the
