@@ -1,21 +1,12 @@
 #include "window/MainWindow.h"
 
-#include "core/Calculator.h"
 #include "core/LineAnswers.h"
-#include "window/assist/Help.h"
-#include "window/assist/PredictiveText.h"
-#include "window/assist/SyntaxHint.h"
-#include "window/pad/LineSubmission.h"
-#include "window/pad/Menus.h"
-#include "window/pad/Pad.h"
-#include "window/pad/PadActivity.h"
-#include "window/pad/PadCommands.h"
-#include "window/status/Information.h"
+#include "core/release/ReleaseProduct.h"
+#include "window/Rooms.h"
 #include "window/workspace/CalculationLog.h"
 #include "window/workspace/DataDirectory.h"
-#include "window/workspace/Documents.h"
+#include "window/workspace/RecoveryCopy.h"
 #include "window/workspace/Settings.h"
-#include "window/workspace/WorkspaceSnapshot.h"
 
 #include "ui_MainWindow.h"
 
@@ -36,109 +27,20 @@ namespace {
 constexpr double fontStep = 4.0;     // points
 constexpr double smallestFont = 1.0; // points
 
-CalculatorOptions CheckedOptions(const Ui::MainWindow& form)
-{
-    CalculatorOptions options;
-    options.useWordOperators = form.actionUse_Word_Oporators->isChecked();
-    options.ignoreText = form.actionIgnore_Text_When_Cannot_Solve->isChecked();
-    if (form.actionOutputBaseBinary->isChecked())
-        options.outputBase = 2;
-    else if (form.actionOutputBaseOctal->isChecked())
-        options.outputBase = 8;
-    else if (form.actionOutputBaseHexadecimal->isChecked())
-        options.outputBase = 16;
-    return options;
-}
-
 bool BringsLineFeed(const QKeyEvent& key)
 {
     return key.matches(QKeySequence::InsertParagraphSeparator);
 }
 
+// An input method that has nothing to say, as when the focus leaves the pad: the editor would tell of a change of the
+// text all the same.
+bool SaysNothing(const QInputMethodEvent& event, const QTextCursor& cursor)
+{
+    return event.commitString().isEmpty() && event.preeditString().isEmpty() && event.replacementLength() == 0 &&
+           event.attributes().isEmpty() && cursor.block().layout()->preeditAreaText().isEmpty();
+}
+
 } // namespace
-
-// The calculator and the rooms of the window, in the order in which they need each other.
-struct MainWindow::Rooms {
-    Rooms(MainWindow& window, Ui::MainWindow& form)
-        : calculator({[&form] { return CheckedOptions(form); }}), pad(form.Text1),
-          commands(window, form, calculator, pad), snapshot(form, calculator, &window),
-          undo(UndoSurroundingsOf(window, form)),
-          documents(window, *form.Text1, *form.Label1, *form.actionSave_Document, undo),
-          information(window, form, calculator, documents, window.uptimeClock), help(window),
-          submission(calculator, pad, *form.Label1, activity, commands, information, help),
-          menus(window, form, pad, submission, activity, MenuHooksOf(form)),
-          predictiveText(window, pad, *form.actionPredictive_Text_Complete, calculator, activity, undo),
-          syntaxHint(pad, *form.actionSyntax_Help, calculator, activity)
-    {
-        information.undoStates = [this] { return undo.UndoCount(); };
-        information.redoStates = [this] { return undo.RedoCount(); };
-    }
-
-    UndoSurroundings UndoSurroundingsOf(MainWindow& window, Ui::MainWindow& form)
-    {
-        return {[this] { return snapshot.CaptureUndoState(); },
-                [this, &window](const UndoState& state) {
-                    snapshot.RestoreUndoState(state);
-                    window.enterPosition = noEnter;
-                    UpdatePredictiveText();
-                },
-                [this] { return activity.IsBusy(); },
-                [this, &form] {
-                    form.actionUndo->setEnabled(undo.CanUndo());
-                    form.actionRedo->setEnabled(undo.CanRedo());
-                }};
-    }
-
-    MenuHooks MenuHooksOf(const Ui::MainWindow& form)
-    {
-        MenuHooks hooks;
-        hooks.takeUndoStep = [this] {
-            undo.SaveUndoState();
-            undo.CloseUndoEditTransaction();
-        };
-        hooks.beginUndoEditTransaction = [this] { undo.BeginUndoEditTransaction(); };
-        hooks.undoPadState = [this] { undo.UndoPadState(); };
-        hooks.redoPadState = [this] { undo.RedoPadState(); };
-        hooks.updateUndoRedoActions = [this, &form] {
-            form.actionUndo->setEnabled(undo.CanUndo());
-            form.actionRedo->setEnabled(undo.CanRedo());
-        };
-        hooks.updateUndoHistoryWordOperators = [this, &form] {
-            undo.UpdateUndoHistoryWordOperators(form.actionUse_Word_Oporators->isChecked());
-        };
-        hooks.updateUndoHistoryIgnoreText = [this, &form] {
-            undo.UpdateUndoHistoryIgnoreText(form.actionIgnore_Text_When_Cannot_Solve->isChecked());
-        };
-        hooks.keepUndoHistoryClean = [this](const MenuHooks::Hook& runMenu) { undo.RunEditingMenu(runMenu); };
-        return hooks;
-    }
-
-    void UpdatePredictiveText()
-    {
-        predictiveText.Update();
-        syntaxHint.Update();
-    }
-
-    void HidePredictiveText()
-    {
-        predictiveText.Hide();
-        syntaxHint.Hide();
-    }
-
-    PadActivity activity;
-    Calculator calculator;
-    Pad pad;
-    PadCommands commands;
-    WorkspaceSnapshot snapshot;
-    UndoHistory undo;
-    Documents documents;
-    Information information;
-    Help help;
-    LineSubmission submission;
-    Menus menus;
-    PredictiveText predictiveText;
-    SyntaxHint syntaxHint;
-};
 
 // A static library's resources are linked only where somebody asks for them, from outside any namespace.
 static void LinkResources()
@@ -146,21 +48,27 @@ static void LinkResources()
     Q_INIT_RESOURCE(Quellbrook);
 }
 
-MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui::MainWindow>())
+MainWindow::MainWindow(QWidget* parent) : MainWindow(ReleaseDesk::ReleaseUrl(), parent) {}
+
+MainWindow::MainWindow(const QUrl& releaseUrl, QWidget* parent)
+    : QMainWindow(parent), ui(std::make_unique<Ui::MainWindow>())
 {
     uptimeClock.start();
     LinkResources();
     ui->setupUi(this);
     ui->Text1->installEventFilter(this);
     ui->Text1->viewport()->installEventFilter(this);
-    rooms = std::make_unique<Rooms>(*this, *ui); // whose filters come before the window's
+    rooms = std::make_unique<Rooms>(*this, *ui, uptimeClock); // whose filters come before the window's
     setAcceptDrops(true);
     ui->Text1->setAcceptDrops(false);
     ui->Text1->viewport()->setAcceptDrops(false);
-    setWindowIcon(QIcon(u":/Quellbrook.ico"_s));
     PrepareDataDirectory();
+    LogAbandonedPads();
     LoadSettings();
     rooms->menus.InitializeMenus(); // after the settings, so that their check marks run nothing
+    ReleaseDesk::Initialize(ReleaseDesk::quellbrookProductId.toString(), ReleaseDesk::quellbrookProductName.toString(),
+                            ReleaseDesk::BuiltVersion());
+    rooms->releaseNotice.StartCheck(releaseUrl);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &MainWindow::CommitPad);
     rooms->documents.UpdateDocumentWindowTitle();
 }
@@ -172,6 +80,8 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::ContextMenu &&
         rooms->menus.ShowContextMenu(watched, *static_cast<QContextMenuEvent*>(event)))
         return true;
+    if (watched == ui->Text1 && event->type() == QEvent::InputMethod)
+        return SaysNothing(*static_cast<QInputMethodEvent*>(event), ui->Text1->textCursor());
     if (watched == ui->Text1 && event->type() == QEvent::KeyPress) {
         const auto& key = *static_cast<QKeyEvent*>(event);
         if (TakeUndoKey(key, rooms->undo))
@@ -193,7 +103,7 @@ bool MainWindow::focusNextPrevChild(bool next)
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     if (committedRevision != ui->Text1->document()->revision())
-        WriteLog();
+        LogFinalPad();
     rooms->activity.equationSolveCancelRequested = true; // a search that runs must not outlive the window
     QMainWindow::closeEvent(event);
 }
@@ -201,8 +111,17 @@ void MainWindow::closeEvent(QCloseEvent* event)
 // The session is about to end. It may yet go on, or close the window with the same pad; that is one entry.
 void MainWindow::CommitPad()
 {
-    WriteLog();
+    LogFinalPad();
     committedRevision = ui->Text1->document()->revision();
+}
+
+// Only a pad that the full disk has kept out of the log stays in its copy; where there is no log, none is wanted.
+void MainWindow::LogFinalPad()
+{
+    if (AppendToCalculationLog(ui->Text1->toPlainText()).outcome == LogAppend::Incomplete)
+        rooms->recovery.Complete();
+    else
+        rooms->recovery.Discard();
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
@@ -361,7 +280,7 @@ void MainWindow::on_actionClear_Pad_triggered()
     if (ui->actionSave_Log_On_Clear->isChecked())
         WriteLog();
     rooms->calculator.values.variables.clear();
-    ui->Text1->setCurrentCharFormat(QTextCharFormat()); // the empty pad takes on the weight at the cursor
+    MoveToStartInNormalWeight(*ui->Text1);
     ui->Text1->clear();
     ui->Label1->clear();
     rooms->menus.RefreshMenus();

@@ -9,6 +9,8 @@
 
 #include <memory>
 
+class QUrl;
+struct Rooms;
 namespace Ui {
 class MainWindow;
 }
@@ -18,6 +20,9 @@ class MainWindow : public QMainWindow {
 
 public:
     explicit MainWindow(QWidget* parent = nullptr);
+
+    /// @param releaseUrl  where the newest release is described, in place of the build's own address
+    explicit MainWindow(const QUrl& releaseUrl, QWidget* parent = nullptr);
     ~MainWindow() override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -62,9 +67,8 @@ public slots:
     void on_actionInsert_Document_At_Cursor_triggered();
 
 private:
-    struct Rooms;
-
     void CommitPad();
+    void LogFinalPad();
     void UpdatePreviewAt(int position);
     void SubmitEnteredLine();
     bool TakeEnter();

@@ -2,6 +2,7 @@
 // a line in its pad, with --box a window behind a message box.
 #include "window/CloseSignals.h"
 #include "window/DataHome.h"
+#include "window/RunningProgram.h"
 #include "window/TypedWindow.h"
 
 #include <QMessageBox>
@@ -21,14 +22,6 @@ int RunWindow(bool withBox)
     if (withBox)
         QTimer::singleShot(0, [&] { QMessageBox::warning(&typed.window, "A box", "waits"); });
     return QApplication::exec();
-}
-
-// Whether the process has a handler of its own for the signal.
-bool Handles(qint64 process, int signal)
-{
-    const QByteArray status = Contents(QString("/proc/%1/status").arg(process));
-    const qsizetype caught = status.indexOf("SigCgt:\t");
-    return caught >= 0 && (status.mid(caught + 8, 16).toULongLong(nullptr, 16) >> (signal - 1) & 1) != 0;
 }
 
 } // namespace
@@ -88,6 +81,7 @@ void CloseRequestTest::IgnoredSignalStaysIgnored()
     QProcess process;
     process.setChildProcessModifier([] { std::signal(SIGHUP, SIG_IGN); });
     process.start(QCoreApplication::applicationFilePath(), {"--pad"});
+    QVERIFY(process.waitForStarted()); // until then it has this program's handlers
     QTRY_VERIFY_WITH_TIMEOUT(Handles(process.processId(), SIGINT), 20000);
     QVERIFY(!Handles(process.processId(), SIGHUP));
     kill(static_cast<pid_t>(process.processId()), SIGHUP);

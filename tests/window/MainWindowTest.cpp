@@ -26,6 +26,7 @@ private slots:
     void ClearingLogsThePadWhereWanted();
     void SettingsComeBack();
     void SettingsAreReadKeyByKey();
+    void AnInputMethodWithNothingToSayChangesNothing();
 
 private:
     QString DataFile(const QString& name) { return QDir(home->path()).filePath("MainWindowTest/" + name); }
@@ -222,6 +223,24 @@ void MainWindowTest::SettingsAreReadKeyByKey()
     typed.TypeLine("1/4");
     QCOMPARE(typed.Label(), "Value = 0.3");
     QVERIFY(typed.Action("actionUse_Word_Oporators")->isChecked());
+}
+
+// As one is sent when the focus leaves the pad.
+void MainWindowTest::AnInputMethodWithNothingToSayChangesNothing()
+{
+    TypedWindow typed;
+    typed.TypeLine("1+1");
+    const QString label = typed.Label();
+    QInputMethodEvent nothing;
+    QCoreApplication::sendEvent(typed.pad(), &nothing);
+    QCOMPARE(typed.Label(), label);
+    QInputMethodEvent composing("e", {});
+    QCoreApplication::sendEvent(typed.pad(), &composing);
+    QInputMethodEvent given;
+    given.setCommitString("2+2");
+    QCoreApplication::sendEvent(typed.pad(), &given);
+    QCOMPARE(typed.pad()->toPlainText(), "1+1\n2\n2+2");
+    QCOMPARE(typed.Label(), "2+2 = 4");
 }
 
 QTEST_MAIN(MainWindowTest)

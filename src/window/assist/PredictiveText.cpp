@@ -10,9 +10,11 @@
 #include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QListView>
 #include <QScrollBar>
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -20,13 +22,44 @@ constexpr int walkingPause = 1000; // milliseconds without an arrow key after wh
 constexpr int narrowest = 190;     // pixels
 constexpr int sideMargin = 24;     // pixels that a row needs besides its text
 
+// The width of the row whose name has the widest characters. To lay out all rows, as the view does when asked for its
+// column, takes longer than all else that a key brings about; kerning, which does not count here, moves the width by a
+// pixel or two.
+int WidestRow(const QAbstractItemView& list, const QStringList& names)
+{
+    const QFontMetrics metrics = list.fontMetrics();
+    const auto width = [&](const QString& name) {
+        return std::accumulate(name.begin(), name.end(), 0,
+                               [&](int sum, QChar c) { return sum + metrics.horizontalAdvance(c); });
+    };
+    int widest = 0;
+    int row = 0;
+    for (int i = 0; i < names.size(); ++i) {
+        if (const int candidate = width(names[i]); candidate > widest) {
+            widest = candidate;
+            row = i;
+        }
+    }
+    return list.sizeHintForIndex(list.model()->index(row, 0)).width();
+}
+
 } // namespace
+
+QRect ListInside(const QRect& room, const QRect& cursor, QSize list)
+{
+    const int below = std::max(room.bottom() + 1 - cursor.bottom(), 0);
+    const int above = std::max(cursor.top() - room.top(), 0);
+    const bool goesBelow = list.height() <= below || above <= below;
+    const QSize size = list.boundedTo({room.width(), goesBelow ? below : above});
+    const int x = std::clamp(cursor.left(), room.left(), room.right() + 1 - size.width());
+    return {QPoint(x, goesBelow ? cursor.bottom() : cursor.top() - size.height()), size};
+}
 
 PredictiveText::PredictiveText(QWidget& mainWindow, const Pad& mainPad, QAction& switchAction,
                                const Calculator& workspace, const PadActivity& padActivity, UndoHistory& history)
     : window(mainWindow), pad(mainPad), editor(*mainPad.Editor()), action(switchAction), calculator(workspace),
       activity(padActivity), undo(history), autoCompleter(&mainWindow), names(*new QStringListModel(&autoCompleter)),
-      popup(*autoCompleter.popup())
+      popup(*autoCompleter.popup()), popupViewport(popup.viewport())
 {
     MakePopup();
     ConnectSignals(switchAction);
@@ -34,9 +67,19 @@ PredictiveText::PredictiveText(QWidget& mainWindow, const Pad& mainPad, QAction&
     editor.setFocus();
 }
 
-// A tool tip's window, since a popup's would take all keys and clicks of the display, and with them the shortcuts of
-// the window and of the desktop. What the completer's own filters would do with the pad's keys and with its loss of the
-// focus does not come about: this one is installed behind them and so comes first.
+// The pad may lose the focus while the members go, and must not tell of it then.
+PredictiveText::~PredictiveText()
+{
+    editor.removeEventFilter(this);
+    window.removeEventFilter(this);
+}
+
+// Under Wayland a program neither knows where its windows are nor can it move one that is open: a window of the list's
+// own would stay where it was first shown while the text goes on, and leave the screen. There the list is part of the
+// main window. Elsewhere it is a window, so that a small main window does not cut it: a tool tip's, since a popup's
+// would take all keys and clicks of the display, and with them the shortcuts of the window and of the desktop. What the
+// completer's own filters would do with the pad's keys and with its loss of the focus does not come about: this one is
+// installed behind them and so comes first.
 void PredictiveText::MakePopup()
 {
     autoCompleter.setModel(&names);
@@ -44,8 +87,10 @@ void PredictiveText::MakePopup()
     autoCompleter.setCaseSensitivity(Qt::CaseInsensitive);
     autoCompleter.setFilterMode(Qt::MatchStartsWith);
     autoCompleter.setCompletionMode(QCompleter::PopupCompletion);
-    popup.setParent(&window, Qt::ToolTip);
+    popup.setParent(&window, QGuiApplication::platformName().startsWith(u"wayland") ? Qt::Widget : Qt::ToolTip);
+    popup.hide(); // or it would come with the main window
     popup.setFocusPolicy(Qt::NoFocus);
+    static_cast<QListView&>(popup).setUniformItemSizes(true); // or each key lays out every name several times over
     popup.setAttribute(Qt::WA_ShowWithoutActivating);
     for (QObject* watched : {static_cast<QObject*>(&popup), static_cast<QObject*>(popup.viewport()),
                              static_cast<QObject*>(&editor), static_cast<QObject*>(&window)})
@@ -101,9 +146,20 @@ void PredictiveText::Offer(const QStringList& offered, const QString& prefix)
     names.setStringList(offered);
     autoCompleter.setCompletionPrefix(prefix);
     popup.setCurrentIndex(autoCompleter.completionModel()->index(0, 0));
+    ShowBelowCursor(std::max(WidestRow(popup, offered) + sideMargin, narrowest));
+}
+
+// The completer knows the screen's bounds, the main window's it does not.
+void PredictiveText::ShowBelowCursor(int width)
+{
     QRect below = editor.cursorRect();
-    below.setWidth(std::max(popup.sizeHintForColumn(0) + sideMargin, narrowest));
+    below.setWidth(width);
     autoCompleter.complete(below);
+    if (popup.isWindow())
+        return;
+    below.moveTopLeft(editor.mapTo(&window, below.topLeft()));
+    popup.setGeometry(ListInside(window.rect(), below, popup.size()));
+    popup.raise();
 }
 
 // Follows the text that scrolls below it.
@@ -111,13 +167,10 @@ void PredictiveText::Place()
 {
     if (!IsShown())
         return;
-    QRect below = editor.cursorRect();
-    if (!editor.viewport()->rect().intersects(below)) {
+    if (editor.viewport()->rect().intersects(editor.cursorRect()))
+        ShowBelowCursor(popup.width());
+    else
         Hide();
-        return;
-    }
-    below.setWidth(popup.width());
-    autoCompleter.complete(below);
 }
 
 bool PredictiveText::IsShown() const
@@ -161,7 +214,7 @@ void PredictiveText::Replace(int from, int end, const QString& text)
 
 bool PredictiveText::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == &popup || watched == popup.viewport())
+    if (watched == &popup || watched == popupViewport)
         return TakePopupEvent(*event);
     switch (event->type()) {
     case QEvent::KeyPress:

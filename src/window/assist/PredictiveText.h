@@ -7,6 +7,7 @@
 
 #include <QCompleter>
 #include <QObject>
+#include <QRect>
 #include <QStringListModel>
 #include <QTimer>
 
@@ -25,6 +26,8 @@ public:
     /// that was installed earlier.
     PredictiveText(QWidget& mainWindow, const Pad& mainPad, QAction& switchAction, const Calculator& workspace,
                    const PadActivity& padActivity, UndoHistory& history);
+    ~PredictiveText() override;
+    Q_DISABLE_COPY_MOVE(PredictiveText)
 
     /// Decides anew whether the list shows, and with what. To be called after each change of the text or the cursor.
     void Update();
@@ -43,6 +46,7 @@ private:
     bool IsAllowed() const;
     void Offer(const QStringList& names, const QString& prefix);
     void Place();
+    void ShowBelowCursor(int width);
     void Accept(const QString& name);
     void Replace(int from, int end, const QString& text);
     bool TakePopupEvent(QEvent& event);
@@ -60,6 +64,7 @@ private:
     QCompleter autoCompleter;
     QStringListModel& names;
     QAbstractItemView& popup;
+    const QWidget* popupViewport;  // to be told from others while the popup goes, and can no more be asked for it
     QTimer autoCompleteDelayTimer; // runs while the arrow keys walk through lines
 
     // What an accepted name replaces, as positions in the pad.
@@ -67,3 +72,7 @@ private:
     int autoCompleteStart = nowhere;
     int autoCompleteEnd = nowhere;
 };
+
+/// The rectangle of a list inside the main window: below the cursor, or above it where more of the list fits there,
+/// moved and cut so that nothing of it lies outside of `room`. All in the same coordinates.
+QRect ListInside(const QRect& room, const QRect& cursor, QSize list);

@@ -443,7 +443,7 @@ void HelpWindowTest::KeysAlone()
 {
     Reader reader(&small);
     small.ShowHelp("CATEGORY:STATISTICS", "");
-    QVERIFY(QTest::qWaitForWindowActive(&small));
+    QTRY_VERIFY(small.isActiveWindow());
     reader.tree()->setFocus();
     QTest::keyClick(reader.tree(), Qt::Key_Right);
     QTest::keyClick(reader.tree(), Qt::Key_Right);

@@ -1,4 +1,5 @@
 // The list of names in the real window: the keys that steer it, what accepting a name leaves, and when it goes away.
+#include "window/assist/PredictiveText.h"
 #include "window/TypedWindow.h"
 
 #include <QAbstractItemView>
@@ -33,6 +34,8 @@ private slots:
     void ItGoesAway_data();
     void ItGoesAway();
     void ItStandsBelowTheCursor();
+    void InsideTheWindow_data();
+    void InsideTheWindow();
 
 private:
     QTemporaryDir home;
@@ -203,12 +206,39 @@ void PredictiveTextTest::ItGoesAway()
 void PredictiveTextTest::ItStandsBelowTheCursor()
 {
     ListWindow list;
+    list.window.resize(400, 300);
     list.Type("1+asi");
     const QRect cursor = list.pad()->cursorRect();
-    QCOMPARE(list.List()->geometry().topLeft(), list.pad()->mapToGlobal(cursor.bottomLeft()));
+    QCOMPARE(list.List()->mapToGlobal(QPoint()), list.pad()->mapToGlobal(cursor.bottomLeft()));
     QVERIFY(list.List()->width() >= 190);
-    QVERIFY(!list.List()->isActiveWindow());
+    QVERIFY(!list.List()->hasFocus());
     QVERIFY(!QApplication::activePopupWidget()); // which would take all keys and clicks
+    // A window that the program cannot place would not stay there.
+    QCOMPARE(list.List()->isWindow(), !QGuiApplication::platformName().startsWith("wayland"));
+}
+
+void PredictiveTextTest::InsideTheWindow_data()
+{
+    QTest::addColumn<QRect>("cursor");
+    QTest::addColumn<QSize>("list");
+    QTest::addColumn<QRect>("place");
+    // clang-format off
+    QTest::newRow("below the cursor")              << QRect(20, 40, 1, 14)  << QSize(190, 100) << QRect(20, 53, 190, 100);
+    QTest::newRow("down to the window's edge")     << QRect(20, 87, 1, 14)  << QSize(190, 100) << QRect(20, 100, 190, 100);
+    QTest::newRow("above where it fits not below") << QRect(20, 120, 1, 14) << QSize(190, 100) << QRect(20, 20, 190, 100);
+    QTest::newRow("cut where it fits nowhere")     << QRect(20, 90, 1, 14)  << QSize(190, 300) << QRect(20, 103, 190, 97);
+    QTest::newRow("cut above, with more room")     << QRect(20, 110, 1, 14) << QSize(190, 300) << QRect(20, 0, 190, 110);
+    QTest::newRow("moved off the right edge")      << QRect(90, 40, 1, 14)  << QSize(190, 100) << QRect(50, 53, 190, 100);
+    QTest::newRow("as wide as a narrow window")    << QRect(90, 40, 1, 14)  << QSize(500, 100) << QRect(0, 53, 240, 100);
+    QTest::newRow("at a cursor out of sight")      << QRect(20, 230, 1, 14) << QSize(190, 100) << QRect(20, 130, 190, 100);
+    // clang-format on
+}
+
+void PredictiveTextTest::InsideTheWindow()
+{
+    QFETCH(QRect, cursor);
+    QFETCH(QSize, list);
+    QTEST(ListInside(QRect(0, 0, 240, 200), cursor, list), "place");
 }
 
 QTEST_MAIN(PredictiveTextTest)
