@@ -1,29 +1,61 @@
-// Equations through the road that the pad takes, the searches of one unknown beside the text-substitution form, and
-// symbolic commands.
+// Equations through the road that the pad takes, from the line's text to the answer's, beside the search alone over a
+// compiled function; and symbolic commands.
+#include "FloorSearch.h"
+#include "Report.h"
+#include "Rooms.h"
+
 #include "core/Calculator.h"
 #include "core/LineAnswers.h"
-#include "core/solver/CompiledEquation.h"
-#include "core/solver/EquationSystem.h"
-#include "core/solver/EquationText.h"
+#include "core/solver/NonlinearSolver.h"
 #include "core/solver/SingleUnknownSolver.h"
 #include "core/symbolic/SymbolicCommands.h"
-
-#include <benchmark/benchmark.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int rounds = 300;
+constexpr int solvesPerRun = 10;
 
 bool GoOn(const QString&)
 {
     return true;
 }
 
-void Solve(benchmark::State& state, const QStringList& equations)
+template <typename Function>
+Work RootFloor(Function function)
 {
-    Calculator calculator;
-    for (auto _ : state)
-        benchmark::DoNotOptimize(SubmitEquations(calculator, equations, GoOn).runs.size());
+    return {[function] {
+        for (int i = 0; i < solvesPerRun; ++i) {
+            [[maybe_unused]] volatile double root = FloorRootSearch(function).Run().value_or(0);
+        }
+    }};
+}
+
+template <typename Function>
+Work SystemFloor(Function function)
+{
+    return {[function] {
+        for (int i = 0; i < solvesPerRun; ++i) {
+            [[maybe_unused]] volatile double root = FloorSystemSearch(function).Run()[0];
+        }
+    }};
+}
+
+Work Solve(Calculator& calculator, const QStringList& equations)
+{
+    return {[&calculator, equations] {
+        for (int i = 0; i < solvesPerRun; ++i)
+            SubmitEquations(calculator, equations, GoOn);
+    }};
+}
+
+Work Symbolic(const QString& line)
+{
+    return {[line] {
+        for (int i = 0; i < solvesPerRun; ++i)
+            HandleSymbolicCommand(line);
+    }};
 }
 
 QStringList DenseLinearSystem(int unknowns)
@@ -38,48 +70,6 @@ QStringList DenseLinearSystem(int unknowns)
     return equations;
 }
 
-// A search that finds nothing: all ranges are scanned.
-void SearchInVain(benchmark::State& state, const QString& equation)
-{
-    Calculator calculator;
-    const auto system = BuildEquationSystem({equation}, calculator.SettingForEquations());
-    for (auto _ : state) {
-        SearchPulse pulse(GoOn);
-        benchmark::DoNotOptimize(SolveSingleVariableEquation(system->compiled[0], pulse));
-    }
-}
-
-// One evaluation, compiled and by text substitution.
-void ResidualCompiled(benchmark::State& state)
-{
-    Calculator calculator;
-    const CompiledEquation equation(u"X^3 - 2*X - 5 = 0"_s, {u"X"_s}, calculator.SettingForEquations());
-    double x = 0;
-    for (auto _ : state) {
-        x += 0.001;
-        benchmark::DoNotOptimize(equation.Residual(std::span(&x, 1)));
-    }
-}
-
-void ResidualByText(benchmark::State& state)
-{
-    Calculator calculator;
-    const EquationSetting setting = calculator.SettingForEquations();
-    double x = 0;
-    bool ok = false;
-    for (auto _ : state) {
-        x += 0.001;
-        benchmark::DoNotOptimize(
-            EvaluateSystemEquation(u"X^3 - 2*X - 5 = 0"_s, {u"X"_s}, std::span(&x, 1), ok, setting));
-    }
-}
-
-void Symbolic(benchmark::State& state, const QString& line)
-{
-    for (auto _ : state)
-        benchmark::DoNotOptimize(HandleSymbolicCommand(line)->runs.size());
-}
-
 QString LikeTerms(int count)
 {
     QStringList terms;
@@ -88,17 +78,84 @@ QString LikeTerms(int count)
     return u"SIMPLIFY "_s + terms.join(u" + "_s);
 }
 
-BENCHMARK_CAPTURE(Solve, cubic, QStringList{u"X^3 - 2*X - 5 = 0"_s})->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Solve, exponential, QStringList{u"X*EXP(X) = 1"_s})->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Solve, circle_and_line, QStringList{u"X^2+Y^2=25"_s, u"X-Y=1"_s})->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Solve, linear_10, DenseLinearSystem(10))->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Solve, linear_50, DenseLinearSystem(50))->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(SearchInVain, square, u"X^2 + 1 = 0"_s)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(SearchInVain, poles, u"1/SIN(X) = 0"_s)->Unit(benchmark::kMicrosecond);
-BENCHMARK(ResidualCompiled);
-BENCHMARK(ResidualByText);
-BENCHMARK_CAPTURE(Symbolic, typical, u"SIMPLIFY 2*(X + 3) - X/2 + 4*X*Y - (X - 1)"_s)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Symbolic, isolate, u"ISOLATE X, 3*X + Y = 12"_s)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Symbolic, like_terms_1000, LikeTerms(1000))->Unit(benchmark::kMicrosecond);
+using Pair = std::array<double, 2>;
+
+// Not known to the compiler: it would make a product of the square, whose last digit may be another one.
+volatile double two = 2;
+
+constexpr auto circleAndLine = [](const Pair& p) {
+    return Pair{std::pow(p[0], two) + std::pow(p[1], two) - 25, p[0] - p[1] - 1};
+};
+
+constexpr auto rosenbrock = [](const Pair& p) { return Pair{10 * (p[1] - std::pow(p[0], two)), 1 - p[0]}; };
+
+Work RootSearch(const EquationSystem& system)
+{
+    return {[&system] {
+        for (int i = 0; i < solvesPerRun; ++i) {
+            SearchPulse pulse(GoOn);
+            SolveSingleVariableEquation(system.compiled[0], pulse);
+        }
+    }};
+}
+
+Work SystemSearch(const EquationSystem& system)
+{
+    return {[&system] {
+        for (int i = 0; i < solvesPerRun; ++i) {
+            SearchPulse pulse(GoOn);
+            Point point;
+            SolveNonlinearEquationSystem(system, point, pulse);
+        }
+    }};
+}
+
+// An equation's whole road, its search, and the floor of that.
+struct Equations {
+    QString name;
+    QStringList lines;
+    Work floor;
+    Work (*search)(const EquationSystem&);
+};
+
+void MeasureEquations(Report& report, const Equations& equations)
+{
+    Calculator calculator;
+    const auto system = BuildEquationSystem(equations.lines, calculator.SettingForEquations());
+    const std::vector<Laps> laps =
+        RunInTurn({equations.floor, equations.search(*system), Solve(calculator, equations.lines)}, rounds);
+    const QString floor = u"compiled search"_s;
+    report.AddTimes(u"search a solution of "_s + equations.name, laps[1], floor, laps[0], 3, solvesPerRun);
+    report.AddTimes(u"  from the line to the answer"_s, laps[2], floor, laps[0], 0, solvesPerRun);
+}
 
 } // namespace
+
+void MeasureSolver(Report& report)
+{
+    const Equations all[] = {
+        {u"X^3-2*X-5=0"_s,
+         {u"X^3-2*X-5=0"_s},
+         RootFloor([](double x) { return std::pow(x, 3) - 2 * x - 5; }),
+         RootSearch},
+        {u"X*EXP(X)=1"_s, {u"X*EXP(X)=1"_s}, RootFloor([](double x) { return x * std::exp(x) - 1; }), RootSearch},
+        {u"a circle and a line"_s, {u"X^2+Y^2=25"_s, u"X-Y=1"_s}, SystemFloor(circleAndLine), SystemSearch},
+        {u"the Rosenbrock system"_s, {u"10*(Y-X^2)=0"_s, u"1-X=0"_s}, SystemFloor(rosenbrock), SystemSearch},
+    };
+    for (const Equations& equations : all)
+        MeasureEquations(report, equations);
+
+    Calculator calculator;
+    const std::vector<Laps> laps = RunInTurn(
+        {
+            Solve(calculator, DenseLinearSystem(10)),
+            Symbolic(u"SIMPLIFY 2*(X + 3) - X/2 + 4*X*Y - (X - 1)"_s),
+            Symbolic(u"ISOLATE X, 3*X + Y = 12"_s),
+            Symbolic(LikeTerms(1000)),
+        },
+        20);
+    report.AddTime(u"solve a dense linear system of 10"_s, laps[0], 0, solvesPerRun);
+    report.AddTime(u"SIMPLIFY, a typical line"_s, laps[1], 0, solvesPerRun);
+    report.AddTime(u"ISOLATE"_s, laps[2], 0, solvesPerRun);
+    report.AddTime(u"SIMPLIFY of 1,000 like terms"_s, laps[3], 0, solvesPerRun);
+}

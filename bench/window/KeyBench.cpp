@@ -1,129 +1,158 @@
-// What a key costs in the window, beside the same key in a bare editor of the same size.
+// What a key, an Enter and a bulk run cost in the window, painting included.
 //
-// The argument is the number of lines in the pad. Each turn types a digit at the end of the pad's last line and takes
-// it back, painting included; the time is that of both keys.
-#include "window/MainWindow.h"
+// A key's work ends when nothing is left to do: the preview stands in the label, popup and hint are up, all of it is
+// painted.
+#include "BenchWindow.h"
+#include "Report.h"
+#include "Rooms.h"
 
-#include <QApplication>
-#include <QPlainTextEdit>
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <benchmark/benchmark.h>
+#include <QAbstractItemView>
+#include <QAction>
+#include <QCompleter>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QString SheetOf(int lines)
-{
-    QString text;
-    for (int i = 0; i < lines / 2; ++i)
-        text += u"%1*(3+4)\n%2\n"_s.arg(i).arg(i * 7);
-    return text + u"12*(3+4"_s;
-}
+constexpr int manyLines = 100'000;
+constexpr int fewLines = 10;
+constexpr int typedLines = 40;
+constexpr int enters = 200;
+constexpr int bulkRounds = 5;
 
+// Half of the lines are answers, in bold.
 void Fill(QPlainTextEdit& editor, int lines)
 {
-    editor.setPlainText(SheetOf(lines));
+    QTextCharFormat bold;
+    bold.setFontWeight(QFont::Bold);
+    editor.clear();
+    QTextCursor cursor(editor.document());
+    cursor.beginEditBlock();
+    for (int i = 0; i < lines / 2; ++i) {
+        cursor.insertText(u"%1*(3+4)\n"_s.arg(i), {});
+        cursor.insertText(QString::number(i * 7), bold);
+        cursor.insertText(u"\n"_s, {});
+    }
+    cursor.endEditBlock();
+    editor.setCurrentCharFormat({});
     editor.moveCursor(QTextCursor::End);
-    QTest::qWait(50);
+    SettleLong();
 }
 
-void TypeAndTakeBack(benchmark::State& state, QPlainTextEdit& editor)
+void ClearLine(QPlainTextEdit& editor)
 {
-    for (auto _ : state) {
-        QTest::keyClick(&editor, Qt::Key_5);
-        editor.viewport()->repaint();
-        QTest::keyClick(&editor, Qt::Key_Backspace);
-        editor.viewport()->repaint();
+    QTextCursor cursor = editor.textCursor();
+    cursor.movePosition(QTextCursor::StartOfBlock, QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+    editor.setTextCursor(cursor);
+    Settle();
+}
+
+// The same line typed into each of the editors in turn, key by key, over and over.
+std::vector<Laps> TypeInTurn(const std::vector<QPlainTextEdit*>& editors)
+{
+    std::vector<Laps> laps(editors.size());
+    for (int i = 0; i < typedLines; ++i) {
+        for (const QChar key : u"12*SQRT(16)+3 MILES TO KM"_s) {
+            for (size_t e = 0; e < editors.size(); ++e) {
+                laps[e].push_back(Time({[&] {
+                    Press(*editors[e], key);
+                    Settle();
+                }}));
+            }
+        }
+        std::for_each(editors.begin(), editors.end(), [](QPlainTextEdit* editor) { ClearLine(*editor); });
     }
+    return laps;
 }
 
-void KeyInBareEditor(benchmark::State& state)
+// Popup and hint must come up, or the keys are not those of the program.
+void ProvePopups(PadWindow& pad)
 {
-    QPlainTextEdit editor;
-    editor.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    editor.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    editor.document()->setUndoRedoEnabled(false);
-    editor.resize(400, 500);
-    editor.show();
-    Fill(editor, static_cast<int>(state.range(0)));
-    TypeAndTakeBack(state, editor);
+    Type(pad.Editor(), u"SQ"_s);
+    Settle();
+    const bool popup = pad.Window().findChild<QCompleter*>()->popup()->isVisible();
+    Type(pad.Editor(), u"RT("_s);
+    Settle();
+    if (!popup || !pad.Find<QLabel>(u"syntaxHintLabel"_s)->isVisible())
+        qFatal("no popup or no hint comes up");
+    ClearLine(pad.Editor());
 }
 
-void KeyInPad(benchmark::State& state)
+void MeasureKeysOf(Report& report, PadWindow& small, PadWindow& large)
 {
-    MainWindow window;
-    window.resize(400, 500);
-    window.show();
-    auto* pad = window.findChild<QPlainTextEdit*>(u"Text1"_s);
-    Fill(*pad, static_cast<int>(state.range(0)));
-    TypeAndTakeBack(state, *pad);
+    BareWindow bare;
+    Fill(bare.Editor(), fewLines);
+    ProvePopups(small);
+    ProvePopups(large);
+    const std::vector<Laps> laps = TypeInTurn({&bare.Editor(), &small.Editor(), &large.Editor()});
+    report.AddTimes(u"a key, pad of 10 lines"_s, laps[1], u"bare editor"_s, laps[0], 4);
+    Report::Row slowest{u"  one key in a hundred takes longer than"_s, Report::Unit::Seconds,
+                        ProcessorTime(laps[1], 0.99), u"bare editor"_s, ProcessorTime(laps[0], 0.99)};
+    slowest.ratio = slowest.measured / slowest.floor;
+    slowest.bound = 0.002;
+    report.Add(slowest);
+    report.AddTimes(u"a key, pad of 100,000 lines"_s, laps[2], u"pad of 10"_s, laps[1], 1.5);
 }
 
-void EnterInPad(benchmark::State& state)
+Work EnterIn(PadWindow& pad, int lines)
 {
-    MainWindow window;
-    window.resize(400, 500);
-    window.show();
-    auto* pad = window.findChild<QPlainTextEdit*>(u"Text1"_s);
-    Fill(*pad, static_cast<int>(state.range(0)));
-    for (auto _ : state) {
-        QTest::keyClicks(pad, u"7*6"_s);
-        QTest::keyClick(pad, Qt::Key_Return);
-        pad->viewport()->repaint();
-    }
+    QPlainTextEdit& editor = pad.Editor();
+    return {[&editor] {
+                Press(editor, Qt::Key_Return);
+                Settle();
+            },
+            [&editor, lines] {
+                if (lines == fewLines)
+                    Fill(editor, lines);
+                Type(editor, u"7*6"_s);
+                Settle();
+            }};
 }
 
-// The first HELP of a window, its articles read and its tree made; and the next one.
-void OpenHelpFirst(benchmark::State& state)
+void MeasureEnters(Report& report, PadWindow& small, PadWindow& large)
 {
-    for (auto _ : state) {
-        state.PauseTiming();
-        auto window = std::make_unique<MainWindow>();
-        window->show();
-        auto* pad = window->findChild<QPlainTextEdit*>(u"Text1"_s);
-        QTest::keyClicks(pad, u"HELP SQRT"_s);
-        state.ResumeTiming();
-        QTest::keyClick(pad, Qt::Key_Return);
-        QCoreApplication::processEvents();
-        state.PauseTiming();
-        window.reset();
-        state.ResumeTiming();
-    }
+    const std::vector<Laps> laps = RunInTurn({EnterIn(small, fewLines), EnterIn(large, manyLines)}, enters);
+    report.AddTimes(u"Enter with an answer, pad of 100,000 lines, half bold"_s, laps[1], u"pad of 10"_s, laps[0], 2);
 }
 
-void OpenHelpNext(benchmark::State& state)
+Work BulkRunOf(PadWindow& pad, int lines)
 {
-    MainWindow window;
-    window.show();
-    auto* pad = window.findChild<QPlainTextEdit*>(u"Text1"_s);
-    QTest::keyClicks(pad, u"HELP SQRT"_s);
-    QTest::keyClick(pad, Qt::Key_Return);
-    bool other = false;
-    for (auto _ : state) {
-        QTest::keyClicks(pad, (other = !other) ? u"HELP PMT"_s : u"HELP SQRT"_s);
-        QTest::keyClick(pad, Qt::Key_Return);
-        QCoreApplication::processEvents();
-    }
+    QStringList text;
+    for (int i = 0; i < lines; ++i)
+        text.append(u"%1*(3+4)-%2/8"_s.arg(i).arg(i + 3));
+    return {[&pad] { pad.Find<QAction>(u"actionExecuteSelectedLines"_s)->trigger(); },
+            [&pad, text] {
+                pad.Editor().setPlainText(text.join(u'\n'));
+                pad.Editor().selectAll();
+                SettleLong();
+            }};
 }
 
-BENCHMARK(KeyInBareEditor)->Arg(10)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(KeyInPad)->Arg(10)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(EnterInPad)->Arg(10)->Arg(100000)->Iterations(300)->Unit(benchmark::kMicrosecond);
-BENCHMARK(OpenHelpFirst)->Iterations(10)->Unit(benchmark::kMillisecond);
-BENCHMARK(OpenHelpNext)->Iterations(50)->Unit(benchmark::kMillisecond);
+void MeasureBulkRuns(Report& report)
+{
+    PadWindow pad;
+    const std::vector<Laps> laps = RunInTurn({BulkRunOf(pad, 1000), BulkRunOf(pad, 10'000)}, bulkRounds);
+    Report::Row row{u"bulk run of 10,000 lines"_s, Report::Unit::Seconds, ProcessorTime(laps[1]), u"of 1,000"_s,
+                    ProcessorTime(laps[0])};
+    row.ratio = TimesFloor(laps[1], laps[0]);
+    row.mostRatio = 12;
+    row.bound = 2;
+    row.wall = WallTime(laps[1]);
+    report.Add(row);
+}
 
 } // namespace
 
-int main(int argc, char* argv[])
+void MeasureKeys(Report& report)
 {
-    const QTemporaryDir home;
-    qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
+    {
+        PadWindow small;
+        PadWindow large;
+        Fill(small.Editor(), fewLines);
+        Fill(large.Editor(), manyLines);
+        MeasureKeysOf(report, small, large);
+        MeasureEnters(report, small, large);
+    }
+    MeasureBulkRuns(report);
 }
