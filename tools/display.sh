@@ -1,5 +1,6 @@
 # A virtual display with a window manager, and a home of its own for what runs there; all of it ends with the script.
 #
+#   screen=1920x1400x24    if another size than 1000x800 is wanted
 #   . tools/display.sh     sets DISPLAY, $home, the XDG directories and QT_QPA_PLATFORM
 #   wait_for WHAT COMMAND...
 
@@ -25,7 +26,7 @@ wait_for() {
 }
 
 # A display number that nobody has: Xvfb chooses it and says which.
-Xvfb -displayfd 3 -screen 0 1000x800x24 -nolisten tcp 3>"$home/display" 2>/dev/null &
+Xvfb -displayfd 3 -screen 0 "${screen:-1000x800x24}" -nolisten tcp 3>"$home/display" 2>/dev/null &
 processes+=($!)
 wait_for "No virtual display could be started." test -s "$home/display"
 DISPLAY=":$(cat "$home/display")"

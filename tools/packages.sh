@@ -5,10 +5,14 @@
 
 packages_build="g++ cmake ninja-build ccache qt6-base-dev libgl1-mesa-dev"
 packages_display="xvfb openbox xdotool imagemagick x11-utils fonts-dejavu-core"
+packages_wayland="weston qt6-wayland"
 packages_test="clang-format"
 packages_lint="clang-tidy clang"
-packages_bench="libbenchmark-dev"
 packages_fuzz="clang libclang-rt-14-dev"
+packages_coverage="gcovr"
+packages_desktop="desktop-file-utils appstream mandoc"
+packages_package="dpkg-dev lintian binutils"
+packages_icons="librsvg2-bin"
 
 is_installed() {
     [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
@@ -18,9 +22,14 @@ is_installed() {
 commands_build="g++ cmake ninja ccache"
 libraries_build="Qt6Core Qt6Widgets Qt6Network"
 commands_display="Xvfb openbox xdotool import xprop"
+commands_wayland="weston"
 commands_test="clang-format"
 commands_lint="clang-tidy"
 commands_fuzz="clang++"
+commands_coverage="gcovr"
+commands_desktop="desktop-file-validate appstreamcli mandoc readelf"
+commands_package="cpack dpkg-shlibdeps lintian readelf"
+commands_icons="rsvg-convert"
 
 need_commands() {
     local group name list missing=()
