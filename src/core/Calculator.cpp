@@ -66,12 +66,12 @@ Calculator::Calculator(Surroundings outside) : surroundings(std::move(outside)) 
 
 double Calculator::EvaluateExpression(const QString& text, bool& ok, QString& processedText)
 {
-    const Value value = Evaluate(text, &processedText);
+    const std::optional<double> value = Evaluate(text, &processedText);
     ok = value.has_value();
     return value.value_or(0);
 }
 
-Value Calculator::EvaluateExpression(const QString& text)
+std::optional<double> Calculator::EvaluateExpression(const QString& text)
 {
     return Evaluate(text, nullptr);
 }
@@ -82,7 +82,7 @@ double Calculator::Eval(const QString& text, bool& ok) const
     QString expanded;
     QString errorText;
     const bool expands = customFunctions.ExpandCustomFunctions(text, expanded, errorText);
-    const Value value = expands ? EvaluateText(expanded, none, surroundings.random) : std::nullopt;
+    const std::optional<double> value = expands ? EvaluateText(expanded, none, surroundings.random) : std::nullopt;
     ok = value.has_value();
     return value.value_or(0);
 }
@@ -114,7 +114,7 @@ QString Calculator::ReplaceVariables(const QString& text) const
     return ::ReplaceVariables(text, values.variables);
 }
 
-Value Calculator::Evaluate(const QString& text, QString* processedText)
+std::optional<double> Calculator::Evaluate(const QString& text, QString* processedText)
 {
     oneTimeOutputBase = 0;
     QString inner;
@@ -123,7 +123,7 @@ Value Calculator::Evaluate(const QString& text, QString* processedText)
         return EvaluateTries(text, processedText);
     if (processedText)
         *processedText = text;
-    const Value value = EvaluateTries(inner, nullptr);
+    const std::optional<double> value = EvaluateTries(inner, nullptr);
     QString digits;
     if (!value || !ProgrammerMath::FormatInteger(*value, base, digits))
         return std::nullopt;
@@ -131,12 +131,13 @@ Value Calculator::Evaluate(const QString& text, QString* processedText)
     return value;
 }
 
-Value Calculator::EvaluateTries(const QString& text, QString* processedText) const
+std::optional<double> Calculator::EvaluateTries(const QString& text, QString* processedText) const
 {
     QString processed;
     QString errorText;
     const bool expands = ExpandCustomFunctions(ReplaceANS(text), processed, errorText);
-    Value value = expands ? EvaluateText(processed, values.variables, surroundings.random) : std::nullopt;
+    std::optional<double> value =
+        expands ? EvaluateText(processed, values.variables, surroundings.random) : std::nullopt;
     if (!processedText && (value || !expands))
         return value;
     processed = ReplaceVariables(processed);
@@ -148,7 +149,7 @@ Value Calculator::EvaluateTries(const QString& text, QString* processedText) con
 }
 
 // The tries behind the first. `text` becomes what the last of them read.
-Value Calculator::EvaluateForgiving(QString& text) const
+std::optional<double> Calculator::EvaluateForgiving(QString& text) const
 {
     const CalculatorOptions options = Options();
     bool ok = false;
@@ -162,7 +163,7 @@ Value Calculator::EvaluateForgiving(QString& text) const
         text = RemoveNonMathText(text);
         value = Eval(text, ok);
     }
-    return ok ? Value(value) : std::nullopt;
+    return ok ? std::optional(value) : std::nullopt;
 }
 
 QString Calculator::NormalizeSubmittedMath(const QString& text) const

@@ -41,10 +41,10 @@ struct WorkspaceValues {
 
 /// A line that assigns a variable, or tries to.
 struct VariableAssignment {
-    QString name;          ///< as typed
-    QString expression;    ///< trimmed; may be empty
-    bool reserved = false; ///< no variable can have this name
-    Value value;           ///< nothing where `reserved`, where the expression is empty or where it has no value
+    QString name;                ///< as typed
+    QString expression;          ///< trimmed; may be empty
+    bool reserved = false;       ///< no variable can have this name
+    std::optional<double> value; ///< nothing where `reserved`, where the expression is empty or where it has no value
 };
 
 class Calculator {
@@ -66,7 +66,7 @@ public:
     double EvaluateExpression(const QString& text, bool& ok, QString& processedText);
 
     /// The same for who does not show the processed text.
-    Value EvaluateExpression(const QString& text);
+    std::optional<double> EvaluateExpression(const QString& text);
 
     /// The strict road: one expression of numbers and functions, the user's own included.
     double Eval(const QString& text, bool& ok) const;
@@ -109,9 +109,9 @@ public:
     QString GetVariablesList();
 
 private:
-    Value Evaluate(const QString& text, QString* processedText);
-    Value EvaluateTries(const QString& text, QString* processedText) const;
-    Value EvaluateForgiving(QString& text) const;
+    std::optional<double> Evaluate(const QString& text, QString* processedText);
+    std::optional<double> EvaluateTries(const QString& text, QString* processedText) const;
+    std::optional<double> EvaluateForgiving(QString& text) const;
 
     Surroundings surroundings;
     int oneTimeOutputBase = 0; // 0: none

@@ -94,7 +94,7 @@ void RememberDateTime(WorkspaceValues& values, const DateTimeAnswer& answer)
 Submission SubmitExpression(Calculator& calculator, const QString& line)
 {
     const DateTimeAnswer dateTime = calculator.EvaluateDateTimeExpression(line);
-    const Value value = dateTime.recognised ? std::nullopt : calculator.EvaluateExpression(line);
+    const std::optional<double> value = dateTime.recognised ? std::nullopt : calculator.EvaluateExpression(line);
     if (!dateTime.ok && !value)
         return CannotSolve(u"Cannot Solve"_s);
     if (dateTime.ok) {
@@ -164,7 +164,7 @@ std::optional<Submission> SubmitFraction(Calculator& calculator, const QString& 
     QString expression;
     if (!MatchFractionCommand(line, expression))
         return std::nullopt;
-    const Value value = expression.isEmpty() ? std::nullopt : calculator.EvaluateExpression(expression);
+    const std::optional<double> value = expression.isEmpty() ? std::nullopt : calculator.EvaluateExpression(expression);
     calculator.ForgetOneTimeOutputBase();
     const std::optional<QString> text = value && std::isfinite(*value) ? FractionText(*value) : std::nullopt;
     if (!text)

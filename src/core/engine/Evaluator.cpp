@@ -108,11 +108,11 @@ std::array<double, largestFactorial + 1> BuildFactorials()
 
 } // namespace
 
-Value EvaluateText(QStringView text, const Variables& variables, const RandomSource& random)
+std::optional<double> EvaluateText(QStringView text, const Variables& variables, const RandomSource& random)
 {
     EvaluatingSink sink(variables, random);
     ExpressionReader<EvaluatingSink> reader(text, sink);
-    return reader.Read() ? Value(sink.Result()) : std::nullopt;
+    return reader.Read() ? std::optional(sink.Result()) : std::nullopt;
 }
 
 Value FactorialOf(double number)

@@ -17,7 +17,7 @@ using Variables = QMap<QString, double>;
 ///
 /// @param variables  each stands for its number in brackets (so `2X` is a product and `X2` another name). An infinite
 ///                   or NaN value has no such number and fails.
-Value EvaluateText(QStringView text, const Variables& variables, const RandomSource& random);
+std::optional<double> EvaluateText(QStringView text, const Variables& variables, const RandomSource& random);
 
 /// The factorial of a whole number from 0 to 170, multiplied up in ascending order; nothing for any other number.
 Value FactorialOf(double number);

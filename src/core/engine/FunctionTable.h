@@ -4,6 +4,8 @@
 // library a name belongs to when several hold it is decided in Functions.cpp, and only there.
 #pragma once
 
+#include "core/engine/Value.h"
+
 #include <QLatin1StringView>
 #include <QList>
 #include <QString>
@@ -11,14 +13,10 @@
 #include <cmath>
 #include <functional>
 #include <limits>
-#include <optional>
 #include <span>
 
 /// The already evaluated numbers of one call, in their order.
 using Arguments = std::span<const double>;
-
-/// What a function gives: nothing where the call is outside its domain.
-using Value = std::optional<double>;
 
 /// Gives 64 random bits at each call.
 using RandomSource = std::function<quint64()>;

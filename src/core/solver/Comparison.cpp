@@ -74,7 +74,7 @@ Chain SplitChain(QStringView text)
     return chain;
 }
 
-Value EvaluateOperand(const QString& operand, const EquationSetting& setting)
+std::optional<double> EvaluateOperand(const QString& operand, const EquationSetting& setting)
 {
     QString expanded = ReplaceANS(operand, setting.lastAnswer);
     if (setting.expandCustomFunctions && !setting.expandCustomFunctions(QString(expanded), expanded))
@@ -85,7 +85,7 @@ Value EvaluateOperand(const QString& operand, const EquationSetting& setting)
 bool EvaluateOperands(const QStringList& operands, std::vector<double>& values, const EquationSetting& setting)
 {
     for (const QString& operand : operands) {
-        const Value value = EvaluateOperand(operand, setting);
+        const std::optional<double> value = EvaluateOperand(operand, setting);
         if (!value)
             return false;
         values.push_back(*value);

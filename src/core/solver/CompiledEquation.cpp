@@ -60,16 +60,6 @@ QString ResidualText(const QString& equation, const QStringList& names, const QS
     return expanded;
 }
 
-// Puts the value of the last `count` operands in their place.
-inline bool Replace(double*& next, size_t count, const Value& value)
-{
-    if (!value)
-        return false;
-    next -= count;
-    *next++ = *value;
-    return true;
-}
-
 } // namespace
 
 // Keeps the operations that the reader finds.
@@ -100,23 +90,23 @@ public:
 
     void Negate() { Append({Code::Negate}); }
     void Percent() { Append({Code::Percent}); }
-    void Add() { Combine(Code::Add); }
+    void Add() { Combine(Code::Add, Code::AddNumber); }
 
     void Subtract()
     {
         const Operation& right = equation.operations.back();
         if (right.code != Code::Number || right.number != 0)
-            return Combine(Code::Subtract);
+            return Combine(Code::Subtract, Code::SubtractNumber);
         equation.operations.pop_back(); // "= 0": no double changes by it
         --held;
     }
 
-    void Multiply() { Combine(Code::Multiply); }
-    void Power() { Combine(Code::Power); }
+    void Multiply() { Combine(Code::Multiply, Code::MultiplyByNumber); }
+    void Power() { Combine(Code::Power, Code::RaiseToNumber); }
 
     bool Divide()
     {
-        Combine(Code::Divide);
+        Combine(Code::Divide, Code::DivideByNumber);
         return true;
     }
 
@@ -148,9 +138,14 @@ private:
         equation.depth = std::max(equation.depth, ++held);
     }
 
-    void Combine(Code code)
+    // A number as the right operand is held by the operation itself.
+    void Combine(Code code, Code byNumber)
     {
-        Append({code});
+        Operation& right = equation.operations.back();
+        if (right.code == Code::Number)
+            right.code = byNumber;
+        else
+            Append({code});
         --held;
     }
 
@@ -171,59 +166,94 @@ CompiledEquation::CompiledEquation(const QString& equation, const QStringList& n
         operations.clear();
 }
 
+// The last value stands apart from the others, in a register.
+struct CompiledEquation::Stack {
+    double* next; // behind the others
+    double top = 0;
+
+    void Push(double value)
+    {
+        *next++ = top;
+        top = value;
+    }
+
+    double Pop() { return *--next; }
+
+    bool Divide(double dividend, double divisor)
+    {
+        top = dividend / divisor;
+        return divisor != 0.0; // NaN is no zero
+    }
+
+    bool Take(Value value)
+    {
+        top = *value;
+        return value.has_value();
+    }
+};
+
 Value CompiledEquation::Residual(std::span<const double> values) const
 {
     if (operations.empty())
         return std::nullopt;
-    QVarLengthArray<double, 32> stack(depth);
-    double* next = stack.data();
+    QVarLengthArray<double, 32> places(depth + 1);
+    Stack stack{places.data()};
     for (const Operation& operation : operations) {
-        if (!Apply(operation, values, next))
+        if (!Apply(operation, values, stack))
             return std::nullopt;
     }
-    return std::isfinite(next[-1]) ? Value(next[-1]) : std::nullopt;
+    return std::isfinite(stack.top) ? Value(stack.top) : std::nullopt;
 }
 
-inline bool CompiledEquation::Apply(const Operation& operation, std::span<const double> values, double*& next) const
+inline bool CompiledEquation::Apply(const Operation& operation, std::span<const double> values, Stack& stack) const
 {
     switch (operation.code) {
     case Code::Number:
-        *next++ = operation.number;
+        stack.Push(operation.number);
         return true;
     case Code::Unknown:
-        *next++ = values[operation.count] + 0.0; // no sign on a zero, as in its text
-        return std::isfinite(next[-1]);
-    case Code::Negate:
-        next[-1] = -next[-1];
-        return true;
+        stack.Push(values[operation.count] + 0.0); // no sign on a zero, as in its text
+        return std::isfinite(stack.top);
     case Code::Add:
-        --next;
-        next[-1] += next[0];
+        stack.top = stack.Pop() + stack.top;
+        return true;
+    case Code::AddNumber:
+        stack.top += operation.number;
         return true;
     case Code::Subtract:
-        --next;
-        next[-1] -= next[0];
+        stack.top = stack.Pop() - stack.top;
+        return true;
+    case Code::SubtractNumber:
+        stack.top -= operation.number;
         return true;
     case Code::Multiply:
-        --next;
-        next[-1] *= next[0];
+        stack.top = stack.Pop() * stack.top;
+        return true;
+    case Code::MultiplyByNumber:
+        stack.top *= operation.number;
         return true;
     case Code::Divide:
-        --next;
-        next[-1] /= next[0];
-        return next[0] != 0.0; // NaN is no zero
+        return stack.Divide(stack.Pop(), stack.top);
+    case Code::DivideByNumber:
+        return stack.Divide(stack.top, operation.number);
     case Code::Power:
-        --next;
-        next[-1] = std::pow(next[-1], next[0]);
+        stack.top = std::pow(stack.Pop(), stack.top);
+        return true;
+    case Code::RaiseToNumber:
+        stack.top = std::pow(stack.top, operation.number);
+        return true;
+    case Code::Negate:
+        stack.top = -stack.top;
         return true;
     case Code::Percent:
-        next[-1] /= 100.0;
+        stack.top /= 100.0;
         return true;
     case Code::Factorial:
-        return Replace(next, 1, FactorialOf(next[-1]));
+        return stack.Take(FactorialOf(stack.top));
     case Code::Call:
-        return Replace(next, operation.count,
-                       CallFunction(*operation.function, {next - operation.count, operation.count}, random));
+        *stack.next++ = stack.top;
+        stack.next -= operation.count;
+        return stack.Take(CallFunction(*operation.function, {stack.next, operation.count}, random));
     }
-    return false;
+    Q_UNREACHABLE();
 }

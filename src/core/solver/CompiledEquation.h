@@ -37,14 +37,19 @@ private:
     enum class Code : quint8 {
         Number,
         Unknown,
-        Negate,
         Add,
+        AddNumber, // its right operand is the operation's own number
         Subtract,
+        SubtractNumber,
         Multiply,
+        MultiplyByNumber,
         Divide,
+        DivideByNumber,
         Power,
-        Factorial,
+        RaiseToNumber,
+        Negate,
         Percent,
+        Factorial,
         Call
     };
 
@@ -56,9 +61,9 @@ private:
     };
 
     class Sink;
+    struct Stack;
 
-    // Takes operands from the end of the stack, `next` being behind its last value, and puts its value there.
-    bool Apply(const Operation& operation, std::span<const double> values, double*& next) const;
+    bool Apply(const Operation& operation, std::span<const double> values, Stack& stack) const;
 
     std::vector<Operation> operations; // empty: no value anywhere
     qsizetype depth = 0;               // of the value stack

@@ -7,13 +7,13 @@
 
 bool EquationSystem::Evaluate(std::span<const double> values, std::vector<double>& residuals, double& cost) const
 {
-    residuals.clear();
+    residuals.resize(compiled.size());
     cost = 0;
-    for (const CompiledEquation& equation : compiled) {
-        const Value residual = equation.Residual(values);
+    for (size_t i = 0; i < compiled.size(); ++i) {
+        const Value residual = compiled[i].Residual(values);
         if (!residual)
             return false;
-        residuals.push_back(*residual);
+        residuals[i] = *residual;
         cost += *residual * *residual;
     }
     return std::isfinite(cost);

@@ -23,8 +23,8 @@ struct EquationSystem {
 
     /// Left minus right of every equation at a point.
     ///
-    /// @param cost  the sum of squared residuals; 0 and incomplete residuals where an equation before failed
-    /// @return false where an equation has no value at the point or the cost is not finite
+    /// @param cost  the sum of squared residuals
+    /// @return false where an equation has no value at the point or the cost is not finite; neither counts then
     bool Evaluate(std::span<const double> values, std::vector<double>& residuals, double& cost) const;
 
     /// Whether the point solves every equation as entered, each within `tolerance`.

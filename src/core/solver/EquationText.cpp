@@ -148,7 +148,7 @@ bool PrepareEquation(const QString& equation, const QStringList& names, std::spa
     return SplitEquation(equation, left, right) && PrepareEquationExpressions(left, right, names, values, setting);
 }
 
-bool IsFinite(const Value& value)
+bool IsFinite(const std::optional<double>& value)
 {
     return value && std::isfinite(*value);
 }
@@ -199,7 +199,7 @@ bool FindEquationSystemVariables(const QStringList& equations, QStringList& name
     return true;
 }
 
-Value EvaluateStrictly(const QString& text, const EquationSetting& setting)
+std::optional<double> EvaluateStrictly(const QString& text, const EquationSetting& setting)
 {
     static const Variables none;
     QString expanded;
@@ -234,7 +234,7 @@ bool PrepareEquationExpressions(QString& left, QString& right, const QStringList
 
 double EvaluateEquationResidual(const QString& left, const QString& right, bool& ok, const EquationSetting& setting)
 {
-    const Value value = EvaluateStrictly(u'(' + left + u")-("_s + right + u')', setting);
+    const std::optional<double> value = EvaluateStrictly(u'(' + left + u")-("_s + right + u')', setting);
     ok = IsFinite(value);
     return value.value_or(0);
 }
@@ -258,8 +258,8 @@ double EvaluateSystemEquationSides(const QString& equation, const QStringList& n
     QString rightText;
     if (!PrepareEquation(equation, names, values, leftText, rightText, setting))
         return 0;
-    const Value leftValue = EvaluateStrictly(leftText, setting);
-    const Value rightValue = IsFinite(leftValue) ? EvaluateStrictly(rightText, setting) : std::nullopt;
+    const std::optional<double> leftValue = EvaluateStrictly(leftText, setting);
+    const std::optional<double> rightValue = IsFinite(leftValue) ? EvaluateStrictly(rightText, setting) : std::nullopt;
     ok = IsFinite(rightValue);
     if (!ok)
         return 0;

@@ -36,7 +36,7 @@ bool ParseSingleVariableEquation(const QString& text, QString& left, QString& ri
 bool FindEquationSystemVariables(const QStringList& equations, QStringList& names, const EquationSetting& setting);
 
 /// The strict road from text to value: custom functions are written out, variables and ANS are not known.
-Value EvaluateStrictly(const QString& text, const EquationSetting& setting);
+std::optional<double> EvaluateStrictly(const QString& text, const EquationSetting& setting);
 
 /// Rewrites both sides into plain arithmetic: `texts[i]` in brackets stands for each `names[i]`, then ANS, custom
 /// functions, variables and word operators are written out.

@@ -163,17 +163,11 @@ bool SolveLinearEquationSystem(const EquationSystem& system, Point& values, bool
     return true;
 }
 
-bool SolveNumericLinearSystem(const Matrix& matrix, const std::vector<double>& rightSide, std::vector<double>& solution,
-                              SearchPulse& pulse)
+bool SolveNumericLinearSystem(Matrix& augmented, std::vector<double>& solution, SearchPulse& pulse)
 {
-    const size_t size = matrix.rows;
-    if (size == 0 || matrix.columns != size || rightSide.size() != size)
+    const size_t size = augmented.rows;
+    if (size == 0 || augmented.columns != size + 1)
         return false;
-    Matrix augmented(size, size + 1);
-    for (size_t i = 0; i < size; ++i) {
-        std::copy_n(matrix.Row(i), size, augmented.Row(i));
-        augmented.Row(i)[size] = rightSide[i];
-    }
     for (size_t column = 0; column < size; ++column) {
         if (!pulse.MayGoOn(size * (size - column)))
             return false;

@@ -36,6 +36,6 @@ bool SolveLinearEquationSystem(const EquationSystem& system, Point& values, bool
 
 /// The solution of a square system.
 ///
+/// @param augmented  the system with its right side as the last column; used up
 /// @return false where the sizes do not fit, a pivot is below 1e-15, the solution is not finite, or `pulse` stops
-bool SolveNumericLinearSystem(const Matrix& matrix, const std::vector<double>& rightSide, std::vector<double>& solution,
-                              SearchPulse& pulse);
+bool SolveNumericLinearSystem(Matrix& augmented, std::vector<double>& solution, SearchPulse& pulse);

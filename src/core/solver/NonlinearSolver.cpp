@@ -47,12 +47,13 @@ private:
     Course Fail();
     bool FindStep();
     bool FindUndampedOrDampedStep();
+    bool SolveNormalEquations();
     bool BuildJacobian();
     bool DifferentiateBy(size_t unknown);
     bool EvaluateMoved(size_t unknown, double value, std::vector<double>& residuals);
     bool AcceptCandidate();
     bool Evaluate(Sample& sample);
-    void KeepBest(const Sample& sample);
+    void KeepBest();
     Point SnappedAnswer();
 
     const EquationSystem& system;
@@ -66,8 +67,8 @@ private:
     double damping = firstDamping;
     Matrix jacobian;
     bool jacobianIsCurrent = false;
-    Matrix normal;               // the normal equations' left side
-    std::vector<double> descent; // and their right one
+    Matrix normal;   // the normal equations, their right side as the last column
+    Matrix workCopy; // of them
     std::vector<double> step;
     bool stepIsDamped = false;
     std::vector<double> above; // residuals with one unknown a little larger
@@ -76,7 +77,7 @@ private:
 
 NonlinearSearch::NonlinearSearch(const EquationSystem& equations, SearchPulse& heartbeat)
     : system(equations), pulse(heartbeat), jacobian(equations.compiled.size(), equations.Unknowns()),
-      normal(equations.Unknowns(), equations.Unknowns())
+      normal(equations.Unknowns(), equations.Unknowns() + 1), workCopy(normal)
 {
     current.values.resize(system.Unknowns());
     for (const CompiledEquation& equation : system.compiled) {
@@ -104,13 +105,12 @@ NonlinearSearch::Course NonlinearSearch::RunStart(quint64 start)
     SetStartPoint(current.values, start);
     if (!Evaluate(current))
         return Course::StartIsOver;
-    KeepBest(current);
-    for (int i = 0; i < mostIterations; ++i) {
-        const Course course = Iterate();
-        if (course != Course::GoOn)
-            return course;
-    }
-    return Course::StartIsOver;
+    Course course = Course::GoOn;
+    for (int i = 0; i < mostIterations && course == Course::GoOn; ++i)
+        course = Iterate();
+    if (course != Course::Solved)
+        KeepBest();
+    return course;
 }
 
 // A stopped pulse makes every evaluation and every solve fail, and so ends the iteration without a decision.
@@ -142,31 +142,35 @@ NonlinearSearch::Course NonlinearSearch::Fail()
 bool NonlinearSearch::FindStep()
 {
     const size_t unknowns = system.Unknowns();
-    normal.entries.assign(unknowns * unknowns, 0);
-    descent.assign(unknowns, 0);
+    std::fill(normal.entries.begin(), normal.entries.end(), 0);
     for (size_t i = 0; i < jacobian.rows; ++i) {
         const double* row = jacobian.Row(i);
         for (size_t j = 0; j < unknowns; ++j) {
+            double* sums = normal.Row(j);
             for (size_t k = 0; k < unknowns; ++k)
-                normal.Row(j)[k] += row[j] * row[k];
-            descent[j] += row[j] * current.residuals[i];
+                sums[k] += row[j] * row[k];
+            sums[unknowns] -= row[j] * current.residuals[i];
         }
         if (!pulse.MayGoOn(unknowns * unknowns))
             return false;
     }
-    for (double& component : descent)
-        component = -component;
     return FindUndampedOrDampedStep();
 }
 
 bool NonlinearSearch::FindUndampedOrDampedStep()
 {
-    stepIsDamped = !SolveNumericLinearSystem(normal, descent, step, pulse);
+    stepIsDamped = !SolveNormalEquations();
     if (!stepIsDamped)
         return true;
     for (size_t i = 0; i < normal.rows; ++i)
         normal.Row(i)[i] += damping;
-    return SolveNumericLinearSystem(normal, descent, step, pulse);
+    return SolveNormalEquations();
+}
+
+bool NonlinearSearch::SolveNormalEquations()
+{
+    workCopy.entries = normal.entries;
+    return SolveNumericLinearSystem(workCopy, step, pulse);
 }
 
 bool NonlinearSearch::BuildJacobian()
@@ -198,23 +202,19 @@ bool NonlinearSearch::DifferentiateBy(size_t unknown)
 // The residuals with one unknown moved. Those of equations that it does not occur in stay.
 bool NonlinearSearch::EvaluateMoved(size_t unknown, double value, std::vector<double>& residuals)
 {
+    if (!pulse.MayGoOn(systemWork))
+        return false;
     const double kept = std::exchange(current.values[unknown], value);
-    residuals = current.residuals;
+    residuals.resize(current.residuals.size());
     double cost = 0;
-    bool valid = true;
-    for (size_t i = 0; i < residuals.size() && valid; ++i) {
+    for (size_t i = 0; i < residuals.size(); ++i) {
         const CompiledEquation& equation = system.compiled[i];
-        const bool depends = equation.DependsOn(unknown);
-        valid = pulse.MayGoOn(depends ? equation.Work() : 1);
-        if (valid && depends) {
-            const Value residual = equation.Residual(current.values);
-            valid = residual.has_value();
-            residuals[i] = residual.value_or(0);
-        }
+        // Nothing becomes a NaN, which the cost shows.
+        residuals[i] = equation.DependsOn(unknown) ? *equation.Residual(current.values) : current.residuals[i];
         cost += residuals[i] * residuals[i];
     }
     current.values[unknown] = kept;
-    return valid && std::isfinite(cost);
+    return std::isfinite(cost);
 }
 
 // Goes along the step, half as far each time, to the first point of smaller cost.
@@ -225,10 +225,7 @@ bool NonlinearSearch::AcceptCandidate()
         candidate.values.resize(step.size());
         for (size_t j = 0; j < step.size(); ++j)
             candidate.values[j] = current.values[j] + fraction * step[j];
-        if (!Evaluate(candidate))
-            continue;
-        KeepBest(candidate);
-        if (current.cost > candidate.cost)
+        if (Evaluate(candidate) && current.cost > candidate.cost)
             return true;
     }
     return false;
@@ -239,24 +236,25 @@ bool NonlinearSearch::Evaluate(Sample& sample)
     return pulse.MayGoOn(systemWork) && system.Evaluate(sample.values, sample.residuals, sample.cost);
 }
 
-void NonlinearSearch::KeepBest(const Sample& sample)
+// At the end of a start: no point in it was better than the one that it has come to.
+void NonlinearSearch::KeepBest()
 {
-    if (haveBest && !(best.cost > sample.cost))
+    if (haveBest && !(best.cost > current.cost))
         return;
-    best = sample;
+    best = current;
     haveBest = true;
 }
 
 // The answer with what is almost whole made whole, if that solves the system too.
 Point NonlinearSearch::SnappedAnswer()
 {
-    Sample snapped = current;
-    for (double& value : snapped.values) {
+    candidate.values = current.values;
+    for (double& value : candidate.values) {
         if (std::fabs(value - std::round(value)) < wholeTolerance)
             value = std::round(value);
     }
-    const bool valid = system.Evaluate(snapped.values, snapped.residuals, snapped.cost);
-    return valid && LargestResidual(snapped.residuals) < exactResidual ? snapped.values : current.values;
+    const bool valid = system.Evaluate(candidate.values, candidate.residuals, candidate.cost);
+    return std::move(valid && LargestResidual(candidate.residuals) < exactResidual ? candidate : current).values;
 }
 
 // Rounds what is that near to a number of `decimals` decimals; whether anything changed.
