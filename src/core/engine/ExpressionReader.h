@@ -1,4 +1,4 @@
-// The grammar of expressions: one pass over the text, without recursion.
+// The grammar of expressions; see OperatorPrecedence.h for how it is read.
 //
 //     expression := term { ("+" | "-") term }
 //     term       := unary { ("*" | "/" | "÷") unary | unary }     the second form is a product; see BeginsFactor
@@ -7,8 +7,7 @@
 //     primary    := "(" expression ")" | name | name "(" [ expression { "," expression } ] ")" | number
 //
 // So a power binds tighter than the minus before it and takes a sign behind it (-2^2 is -4, 2^-1 is 0.5), powers group
-// to the right, and postfix signs belong to the primary before them. The pending operators stand on a heap stack: how
-// deep a text nests is bounded by memory, not by the thread's stack.
+// to the right, and postfix signs belong to the primary before them.
 //
 // What is read goes to a sink as operations in evaluation order (operands first). One sink computes as it goes, see
 // Evaluator.h; another may keep the operations to run them often. Any member of a sink that returns false fails the
@@ -22,95 +21,45 @@
 //     bool Call(const FunctionRow&, qsizetype argumentCount);
 #pragma once
 
-#include "core/engine/Characters.h"
 #include "core/engine/Constants.h"
 #include "core/engine/Functions.h"
 #include "core/engine/NumberText.h"
+#include "core/engine/OperatorPrecedence.h"
 #include "core/engine/ProgrammerMath.h"
-
-#include <QStringView>
-#include <QVarLengthArray>
 
 #include <array>
 #include <string_view>
 
-template <typename Sink>
-class ExpressionReader {
-public:
-    ExpressionReader(QStringView expression, Sink& operations) : text(expression), sink(operations) {}
+/// A call that lacks arguments.
+struct OpenCall {
+    const FunctionRow* function = nullptr;
+    qsizetype argumentCount = 0; // before the one that is being read
+};
 
-    /// Reads the whole text as one expression.
-    ///
-    /// @return false for anything that is no expression, left-over text included, and for what the sink refuses
-    bool Read()
-    {
-        while (ReadOperand()) {
-            switch (ReadOperator()) {
-            case Next::Operand:
-                continue;
-            case Next::End:
-                return true;
-            case Next::Failure:
-                return false;
-            }
-        }
-        return false;
-    }
+template <typename Sink>
+class ExpressionReader : public OperatorPrecedence<ExpressionReader<Sink>, OpenCall> {
+    using Base = OperatorPrecedence<ExpressionReader, OpenCall>;
+    friend Base;
+
+public:
+    ExpressionReader(QStringView expression, Sink& operations) : Base(expression), sink(operations) {}
 
 private:
-    // What may wait on the stack for its right operand, or for its closing bracket. The order is that of binding.
-    enum class Waiting : quint8 { Bracket, Function, Add, Subtract, Multiply, Divide, Negate, Power };
+    using Base::AtEnd;
+    using Base::Current;
+    using Base::position;
+    using Base::SkipSpaces;
+    using Base::text;
+    using typename Base::Next;
+    using typename Base::Postfix;
+    using typename Base::Primary;
+    using typename Base::Waiting;
 
-    struct Pending {
-        Waiting what;
-        const FunctionRow* function = nullptr;
-        qsizetype argumentCount = 0;
-    };
-
-    enum class Name { Operand, OpenCall, Failure };
-    enum class Next { Operand, End, Failure };
-
-    bool AtEnd() const { return position >= text.size(); }
-    QChar Current() const { return text[position]; }
-
-    void SkipSpaces()
+    Primary ReadPrimary()
     {
-        while (!AtEnd() && IsSpace(Current()))
-            ++position;
-    }
-
-    void Push(Waiting what) { pending.append({what}); }
-
-    Pending TakePending()
-    {
-        const Pending last = pending.last();
-        pending.removeLast();
-        return last;
-    }
-
-    // Everything up to and including the next operand's last character; signs, brackets and calls that open before it
-    // wait on the stack.
-    bool ReadOperand()
-    {
-        for (;;) {
-            SkipSpaces();
-            if (AtEnd())
-                return false;
-            const QChar c = Current();
-            if (c == u'-') {
-                Push(Waiting::Negate);
-            } else if (c == u'(') {
-                Push(Waiting::Bracket);
-            } else if (IsIdentifierStart(c)) {
-                const Name read = ReadName();
-                if (read != Name::OpenCall)
-                    return read == Name::Operand;
-                continue;
-            } else if (c != u'+') {
-                return ReadNumber();
-            }
-            ++position;
-        }
+        if (IsIdentifierStart(Current()))
+            return ReadName();
+        return ReadNumber() ? Primary::Operand : Primary::Failure;
     }
 
     bool ReadNumber()
@@ -131,37 +80,37 @@ private:
     }
 
     // An identifier that stands for a value, a constant, or a call: complete, or open for its first argument.
-    Name ReadName()
+    Primary ReadName()
     {
         if (const qsizetype end = ValueNameEnd(position); end > position) {
             sink.Named(text.sliced(position, end - position));
             position = end;
-            return Name::Operand;
+            return Primary::Operand;
         }
         std::array<char, longestName> buffer;
         const std::string_view name = TakeUpperName(buffer);
         if (name == "PI" || name == "EULER") {
             sink.Number(name == "PI" ? pi : euler);
-            return Name::Operand;
+            return Primary::Operand;
         }
         SkipSpaces();
         const FunctionRow* function = name.empty() || AtEnd() ? nullptr : FindFunction(name);
         if (!function)
-            return Name::Failure; // an unknown name is never zero
+            return Primary::Failure; // an unknown name is never zero
         if (Current() == u'(')
-            return OpenCall(*function);
+            return ReadCall(*function);
         return ReadBareArgument(*function);
     }
 
     // A value's name straight behind a function's is its argument: its number would stand in brackets.
-    Name ReadBareArgument(const FunctionRow& function)
+    Primary ReadBareArgument(const FunctionRow& function)
     {
         const qsizetype end = ValueNameEnd(position);
         if (end == position)
-            return Name::Failure;
+            return Primary::Failure;
         sink.Named(text.sliced(position, end - position));
         position = end;
-        return sink.Call(function, 1) ? Name::Operand : Name::Failure;
+        return sink.Call(function, 1) ? Primary::Operand : Primary::Failure;
     }
 
     // Behind the identifier at `start` if the sink has a value for it, otherwise `start`.
@@ -221,105 +170,48 @@ private:
     }
 
     // At the opening bracket of a call. A call without arguments is complete at once.
-    Name OpenCall(const FunctionRow& function)
+    Primary ReadCall(const FunctionRow& function)
     {
         ++position;
         SkipSpaces();
         if (AtEnd() || Current() != u')') {
-            pending.append({Waiting::Function, &function});
-            return Name::OpenCall;
+            this->Open({&function});
+            return Primary::OpenCall;
         }
         ++position;
-        return sink.Call(function, 0) ? Name::Operand : Name::Failure;
+        return sink.Call(function, 0) ? Primary::Operand : Primary::Failure;
     }
 
-    Next ReadOperator()
+    Postfix ReadPostfix()
     {
-        for (;;) {
-            SkipSpaces();
-            if (AtEnd())
-                return Reduce(Waiting::Add) && pending.isEmpty() ? Next::End : Next::Failure;
-            switch (Current().unicode()) {
-            case u'!':
-                if (!sink.Factorial())
-                    return Next::Failure;
-                break;
-            case u'%':
-                sink.Percent();
-                break;
-            case u')':
-                if (!Close())
-                    return Next::Failure;
-                break;
-            default:
-                return ReadBinaryOperator();
-            }
-            ++position;
-        }
+        if (Current() == u'!')
+            return sink.Factorial() ? Postfix::Taken : Postfix::Failure;
+        if (Current() != u'%')
+            return Postfix::None;
+        sink.Percent();
+        return Postfix::Taken;
     }
 
-    Next ReadBinaryOperator()
+    Next ReadOtherOperator()
     {
-        switch (Current().unicode()) {
-        case u'^':
-            ++position;
-            Push(Waiting::Power); // groups to the right: nothing before it is complete
-            return Next::Operand;
-        case u'+':
-            return Binary(Waiting::Add, Waiting::Add);
-        case u'-':
-            return Binary(Waiting::Subtract, Waiting::Add);
-        case u'*':
-            return Binary(Waiting::Multiply, Waiting::Multiply);
-        case u'/':
-        case u'÷':
-            return Binary(Waiting::Divide, Waiting::Multiply);
-        case u',':
-            return NextArgument();
-        default:
-            return BeginsFactor(Current()) ? Binary(Waiting::Multiply, Waiting::Multiply, 0) : Next::Failure;
-        }
+        if (Current() == u'÷')
+            return this->Binary(Waiting::Divide, Waiting::Multiply);
+        return Current() == u',' ? ReadNextArgument() : Next::Failure;
     }
 
     static bool BeginsFactor(QChar c) { return c == u'(' || IsIdentifierStart(c); }
 
-    // `weakestComplete`: what waits and binds at least so tightly has both its operands now.
-    Next Binary(Waiting what, Waiting weakestComplete, qsizetype length = 1)
+    Next ReadNextArgument()
     {
-        position += length;
-        if (!Reduce(weakestComplete))
+        OpenCall* call = this->Reduce(Waiting::Add) ? this->InnermostCall() : nullptr;
+        if (!call)
             return Next::Failure;
-        Push(what);
-        return Next::Operand;
-    }
-
-    Next NextArgument()
-    {
-        if (!Reduce(Waiting::Add) || pending.isEmpty() || pending.last().what != Waiting::Function)
-            return Next::Failure;
-        ++pending.last().argumentCount;
+        ++call->argumentCount;
         ++position;
         return Next::Operand;
     }
 
-    // The bracket at the position closes an open one or ends a call.
-    bool Close()
-    {
-        if (!Reduce(Waiting::Add) || pending.isEmpty())
-            return false;
-        const Pending open = TakePending();
-        return open.what == Waiting::Bracket || sink.Call(*open.function, open.argumentCount + 1);
-    }
-
-    // Completes what waits and binds at least as tightly as `weakest`, the last first. A bracket or call stops it.
-    bool Reduce(Waiting weakest)
-    {
-        while (!pending.isEmpty() && pending.last().what >= weakest) {
-            if (!Complete(TakePending().what))
-                return false;
-        }
-        return true;
-    }
+    bool EndCall(const OpenCall& call) { return sink.Call(*call.function, call.argumentCount + 1); }
 
     bool Complete(Waiting what)
     {
@@ -348,8 +240,5 @@ private:
         return false;
     }
 
-    QStringView text;
     Sink& sink;
-    qsizetype position = 0;
-    QVarLengthArray<Pending, 32> pending;
 };

@@ -1,7 +1,7 @@
 #include "core/symbolic/SymbolicParser.h"
 
-#include "core/engine/Characters.h"
 #include "core/engine/NumberText.h"
+#include "core/engine/OperatorPrecedence.h"
 
 #include <algorithm>
 #include <utility>
@@ -41,47 +41,16 @@ qsizetype NumberEnd(QStringView text, qsizetype position)
     return SkipDigits(text, end);
 }
 
-// Operators that lack their right operand, and open brackets, wait on a stack of their own; complete operands on
-// another.
-class SimplifyParser {
-public:
-    explicit SimplifyParser(QStringView expression) : text(expression) {}
+// Its calls are remembered by the function's name.
+class SimplifyParser : public OperatorPrecedence<SimplifyParser, QString> {
+    friend OperatorPrecedence;
 
-    NodePointer ParseExpression()
-    {
-        while (ReadOperand()) {
-            switch (ReadOperator()) {
-            case Next::Operand:
-                continue;
-            case Next::End:
-                return TakeOperand();
-            case Next::Failure:
-                return nullptr;
-            }
-        }
-        return nullptr;
-    }
+public:
+    using OperatorPrecedence::OperatorPrecedence;
+
+    NodePointer ParseExpression() { return Read() ? TakeOperand() : nullptr; }
 
 private:
-    // The order is that of binding.
-    enum class Waiting : quint8 { Bracket, Function, Add, Subtract, Multiply, Divide, Negate, Power };
-
-    struct Pending {
-        Waiting what;
-        QString function;
-    };
-
-    enum class Next { Operand, End, Failure };
-
-    bool AtEnd() const { return position >= text.size(); }
-    QChar Current() const { return text[position]; }
-
-    void SkipSpaces()
-    {
-        while (!AtEnd() && IsSpace(Current()))
-            ++position;
-    }
-
     NodePointer TakeOperand()
     {
         NodePointer last = std::move(operands.back());
@@ -89,29 +58,12 @@ private:
         return last;
     }
 
-    // Everything up to and including the next operand's last character.
-    bool ReadOperand()
+    Primary ReadPrimary()
     {
-        for (;;) {
-            SkipSpaces();
-            if (AtEnd())
-                return false;
-            const QChar c = Current();
-            if (IsDigit(c) || c == u'.')
-                return ReadNumber();
-            if (IsIdentifierStart(c)) {
-                if (ReadName())
-                    return true;
-                continue;
-            }
-            if (c == u'-')
-                pending.push_back({Waiting::Negate, {}});
-            else if (c == u'(')
-                pending.push_back({Waiting::Bracket, {}});
-            else if (c != u'+')
-                return false;
-            ++position;
-        }
+        if (IsIdentifierStart(Current()))
+            return ReadName();
+        const bool numeric = IsDigit(Current()) || Current() == u'.';
+        return numeric && ReadNumber() ? Primary::Operand : Primary::Failure;
     }
 
     bool ReadNumber()
@@ -126,99 +78,44 @@ private:
     }
 
     // A variable is an operand; a function waits for its own.
-    bool ReadName()
+    Primary ReadName()
     {
         const qsizetype start = position;
         while (!AtEnd() && IsIdentifierPart(Current()))
             ++position;
         const QString name = text.sliced(start, position - start).toString();
-        QString upper = name.toUpper();
+        const QString upper = name.toUpper();
         const qsizetype behind = position;
         SkipSpaces();
         if (!AtEnd() && Current() == u'(' && IsFunctionName(upper)) {
             ++position;
-            pending.push_back({Waiting::Function, std::move(upper)});
-            return false;
+            Open(upper);
+            return Primary::OpenCall;
         }
         position = behind;
         operands.push_back(MakeVariable(name));
-        return true;
+        return Primary::Operand;
     }
 
-    Next ReadOperator()
-    {
-        for (;;) {
-            SkipSpaces();
-            if (AtEnd()) {
-                Reduce(Waiting::Add);
-                return pending.empty() ? Next::End : Next::Failure;
-            }
-            if (Current() != u')')
-                return ReadBinaryOperator();
-            if (!Close())
-                return Next::Failure;
-            ++position;
-        }
-    }
-
-    Next ReadBinaryOperator()
-    {
-        switch (Current().unicode()) {
-        case u'^':
-            ++position;
-            pending.push_back({Waiting::Power, {}}); // groups to the right: nothing before it is complete
-            return Next::Operand;
-        case u'+':
-            return Binary(Waiting::Add, Waiting::Add);
-        case u'-':
-            return Binary(Waiting::Subtract, Waiting::Add);
-        case u'*':
-            return Binary(Waiting::Multiply, Waiting::Multiply);
-        case u'/':
-            return Binary(Waiting::Divide, Waiting::Multiply);
-        default:
-            return BeginsFactor(Current()) ? Binary(Waiting::Multiply, Waiting::Multiply, 0) : Next::Failure;
-        }
-    }
+    static Postfix ReadPostfix() { return Postfix::None; }
+    static Next ReadOtherOperator() { return Next::Failure; }
 
     static bool BeginsFactor(QChar c) { return c == u'(' || c == u'.' || IsDigit(c) || IsIdentifierStart(c); }
 
-    // `weakestComplete`: what waits and binds at least so tightly has both its operands now.
-    Next Binary(Waiting what, Waiting weakestComplete, qsizetype length = 1)
+    bool EndCall(const QString& function)
     {
-        position += length;
-        Reduce(weakestComplete);
-        pending.push_back({what, {}});
-        return Next::Operand;
-    }
-
-    bool Close()
-    {
-        Reduce(Waiting::Add);
-        if (pending.empty())
-            return false;
-        if (pending.back().what == Waiting::Function)
-            operands.push_back(MakeFunction(pending.back().function, TakeOperand()));
-        pending.pop_back();
+        operands.push_back(MakeFunction(function, TakeOperand()));
         return true;
     }
 
-    // Completes what waits and binds at least as tightly as `weakest`, the last first. An open bracket stops it.
-    void Reduce(Waiting weakest)
-    {
-        while (!pending.empty() && pending.back().what >= weakest) {
-            Complete(pending.back().what);
-            pending.pop_back();
-        }
-    }
-
-    void Complete(Waiting what)
+    bool Complete(Waiting what)
     {
         const NodePointer last = TakeOperand();
         if (what == Waiting::Negate)
             operands.push_back(MakeUnary(Type::Negate, last));
         else
             operands.back() = MakeBinary(BinaryType(what), operands.back(), last);
+        return true;
     }
 
     static Type BinaryType(Waiting what)
@@ -237,10 +134,7 @@ private:
         }
     }
 
-    QStringView text;
-    qsizetype position = 0;
     std::vector<NodePointer> operands;
-    std::vector<Pending> pending;
 };
 
 } // namespace
