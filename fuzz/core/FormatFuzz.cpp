@@ -16,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const quint8* data, size_t size)
     FormatAnswer(value, {pattern, data[sizeof value] % 17});
     if (std::abs(value) < 1.797693134862315e308) { // above, fifteen digits round to infinity
         const QString text = FormatAnswer(value, {});
-        const Value again = EvaluateText(text, {}, GlobalRandomBits);
+        const std::optional<double> again = EvaluateText(text, {}, GlobalRandomBits);
         const QString back = again ? FormatAnswer(*again, {}) : QString();
         Require(back == text || DifferByResidue(back, text), "an answer gives itself", text);
     }

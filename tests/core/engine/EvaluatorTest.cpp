@@ -11,12 +11,12 @@
 
 namespace {
 
-Value Evaluate(const QString& text, const Variables& variables = {})
+std::optional<double> Evaluate(const QString& text, const Variables& variables = {})
 {
     return EvaluateText(text, variables, GlobalRandomBits);
 }
 
-bool SameValue(Value a, Value b)
+bool SameValue(std::optional<double> a, std::optional<double> b)
 {
     if (!a || !b)
         return a.has_value() == b.has_value();
@@ -26,13 +26,13 @@ bool SameValue(Value a, Value b)
 // The grammar once more, as the plain recursion that it describes; for short texts of ASCII without calls.
 class RecursiveReader {
 public:
-    static Value Read(const QString& text)
+    static std::optional<double> Read(const QString& text)
     {
         RecursiveReader reader;
         reader.rest = text;
         const double value = reader.Expression();
         reader.Spaces();
-        return reader.ok && reader.rest.isEmpty() ? Value(value) : std::nullopt;
+        return reader.ok && reader.rest.isEmpty() ? std::optional(value) : std::nullopt;
     }
 
 private:
@@ -199,7 +199,7 @@ void EvaluatorTest::TheValue_data()
 void EvaluatorTest::TheValue()
 {
     QFETCH(QString, text);
-    const Value value = Evaluate(text);
+    const std::optional<double> value = Evaluate(text);
     QVERIFY(value);
     QTEST(*value, "value");
 }
@@ -240,7 +240,7 @@ void EvaluatorTest::AgreesWithThePlainRecursion()
     int values = 0;
     for (int i = 0; i < 200000; ++i) {
         const QString text = RandomText(random, pieces, 12);
-        const Value expected = RecursiveReader::Read(text);
+        const std::optional<double> expected = RecursiveReader::Read(text);
         values += expected.has_value();
         QVERIFY2(SameValue(Evaluate(text), expected), qPrintable(text));
     }
@@ -258,7 +258,7 @@ void EvaluatorTest::VariablesAgreeWithTheirText()
     int values = 0;
     for (int i = 0; i < 200000; ++i) {
         const QString text = RandomText(random, pieces, 7);
-        const Value expected = Evaluate(ReplaceVariables(text, variables));
+        const std::optional<double> expected = Evaluate(ReplaceVariables(text, variables));
         values += expected.has_value();
         QVERIFY2(SameValue(Evaluate(text, variables), expected), qPrintable(text));
     }
@@ -282,7 +282,7 @@ void EvaluatorTest::LiteralsAgreeWithTheToolkit()
             text += u"e%1"_qs.arg(random.bounded(-340, 320));
         bool ok = false;
         const double expected = text.toDouble(&ok);
-        QVERIFY2(SameValue(DecimalLiteralValue(text), ok ? Value(expected) : std::nullopt), qPrintable(text));
+        QVERIFY2(SameValue(DecimalLiteralValue(text), ok ? std::optional(expected) : std::nullopt), qPrintable(text));
     }
 }
 
@@ -338,12 +338,12 @@ void EvaluatorTest::DepthIsBoundedByMemory()
     QFETCH(QString, behind);
     QFETCH(double, value);
     const QString text = before.repeated(100000) + u'1' + behind.repeated(100000);
-    Value result;
+    std::optional<double> result;
     QScopedPointer<QThread> thread(QThread::create([&] { result = Evaluate(text); }));
     thread->setStackSize(64 * 1024);
     thread->start();
     QVERIFY(thread->wait());
-    QVERIFY(SameValue(result, std::isnan(value) ? std::nullopt : Value(value)));
+    QVERIFY(SameValue(result, std::isnan(value) ? std::nullopt : std::optional<double>(value)));
 }
 
 QTEST_APPLESS_MAIN(EvaluatorTest)
