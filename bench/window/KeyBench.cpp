@@ -19,6 +19,8 @@ constexpr int fewLines = 10;
 constexpr int typedLines = 40;
 constexpr int enters = 200;
 constexpr int bulkRounds = 5;
+constexpr int longLine = 1'000'000; // characters
+constexpr int keysInLongLine = 7;
 
 // Half of the lines are answers, in bold.
 void Fill(QPlainTextEdit& editor, int lines)
@@ -95,6 +97,27 @@ void MeasureKeysOf(Report& report, PadWindow& small, PadWindow& large)
     report.AddTimes(u"a key, pad of 100,000 lines"_s, laps[2], u"pad of 10"_s, laps[1], 1.5);
 }
 
+Work KeyIn(QPlainTextEdit& editor, const QString& text)
+{
+    editor.setPlainText(text);
+    editor.moveCursor(QTextCursor::End);
+    SettleLong();
+    return {[&editor] {
+        Press(editor, u'7');
+        Settle();
+    }};
+}
+
+// Beside an editor that breaks the line anywhere: what the toolkit takes to lay it out is the floor.
+void MeasureLongLine(Report& report, const QString& what, const QString& text)
+{
+    BareWindow bare;
+    PadWindow pad;
+    bare.Editor().setWordWrapMode(QTextOption::WrapAnywhere);
+    const std::vector<Laps> laps = RunInTurn({KeyIn(bare.Editor(), text), KeyIn(pad.Editor(), text)}, keysInLongLine);
+    report.AddTimes(what, laps[1], u"bare editor"_s, laps[0], 0);
+}
+
 Work EnterIn(PadWindow& pad, int lines)
 {
     QPlainTextEdit& editor = pad.Editor();
@@ -154,5 +177,8 @@ void MeasureKeys(Report& report)
         MeasureKeysOf(report, small, large);
         MeasureEnters(report, small, large);
     }
+    MeasureLongLine(report, u"a key in a number of a million digits"_s, QString(longLine, u'1'));
+    MeasureLongLine(report, u"a key in a line of a million characters, in words"_s,
+                    u"1234567 + "_s.repeated(longLine / 10));
     MeasureBulkRuns(report);
 }
