@@ -16,6 +16,7 @@
 #include <QFontDialog>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QTextBlock>
 
 #include <algorithm>
 #include <utility>

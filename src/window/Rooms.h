@@ -25,8 +25,6 @@ class MainWindow;
 class QElapsedTimer;
 class SearchDialog;
 namespace Ui {
-class LogViewer;
-class SearchDialog;
 class MainWindow;
 } // namespace Ui
 
