@@ -12,6 +12,7 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QMessageBox>
+#include <QShortcut>
 #include <QSignalBlocker>
 
 #include <memory>
@@ -56,6 +57,8 @@ void Menus::SetShortcuts()
     form.actionCopy->setShortcuts(QKeySequence::Copy);
     form.actionPaste->setShortcuts(QKeySequence::Paste);
     form.actionSelectAll->setShortcuts(QKeySequence::SelectAll);
+    connect(new QShortcut(Qt::Key_F10, &window), &QShortcut::activated, this,
+            [this] { form.menubar->setActiveAction(form.menubar->actions().constFirst()); });
 }
 
 // An action whose room does not stand has nothing to do.

@@ -197,7 +197,9 @@ void RunOstrellStorageDiagnostics(QWidget* parent)
     line->setTextFormat(Qt::PlainText);
     line->setWordWrap(true);
     auto* box = ReportBox(report);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    auto* buttons = new QDialogButtonBox;
+    buttons->addButton(u"Close"_s,
+                       QDialogButtonBox::RejectRole); // a standard one may bring a picture for light palettes
     auto* copy = buttons->addButton(u"Copy Full Report"_s, QDialogButtonBox::ActionRole);
     QObject::connect(copy, &QPushButton::clicked, &dialog, [&] { QGuiApplication::clipboard()->setText(report); });
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
