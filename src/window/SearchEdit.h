@@ -13,7 +13,7 @@ protected:
     void changeEvent(QEvent* event) override
     {
         QLineEdit::changeEvent(event);
-        if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange)
+        if (event->type() == QEvent::PaletteChange)
             FadePlaceholder();
     }
 
@@ -22,10 +22,8 @@ private:
     {
         QColor faded = palette().color(QPalette::Text);
         faded.setAlphaF(0.6F);
-        if (faded == palette().color(QPalette::PlaceholderText))
-            return;
         QPalette ours; // all other colours stay the desktop's
         ours.setColor(QPalette::PlaceholderText, faded);
-        setPalette(ours);
+        setPalette(ours); // changes nothing the second time
     }
 };

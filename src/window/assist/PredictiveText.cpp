@@ -102,15 +102,14 @@ PredictiveText::~PredictiveText()
 // installed behind them and so comes first.
 void PredictiveText::MakePopup()
 {
-    autoCompleter.setPopup(&popup);
-    autoCompleter.setModel(&names);
+    autoCompleter.setPopup(&popup); // which takes no focus; to say so behind the next line would say it of the pad
     autoCompleter.setWidget(&editor);
+    autoCompleter.setModel(&names);
     autoCompleter.setCaseSensitivity(Qt::CaseInsensitive);
     autoCompleter.setFilterMode(Qt::MatchStartsWith);
     autoCompleter.setCompletionMode(QCompleter::PopupCompletion);
     popup.setParent(&window, QGuiApplication::platformName().startsWith(u"wayland") ? Qt::Widget : Qt::ToolTip);
     popup.hide(); // or it would come with the main window
-    popup.setFocusPolicy(Qt::NoFocus);
     popup.setAttribute(Qt::WA_ShowWithoutActivating);
     for (QObject* watched : {static_cast<QObject*>(&popup), static_cast<QObject*>(popup.viewport()),
                              static_cast<QObject*>(&editor), static_cast<QObject*>(&window)})

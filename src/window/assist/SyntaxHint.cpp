@@ -59,8 +59,8 @@ public:
 protected:
     void changeEvent(QEvent* event) override
     {
-        if (event->type() == QEvent::ApplicationPaletteChange)
-            setPalette(ToolTipColours(palette()));
+        if (event->type() == QEvent::PaletteChange)
+            setPalette(ToolTipColours(palette())); // changes nothing the second time
         QLabel::changeEvent(event);
     }
 };

@@ -57,8 +57,16 @@ void Menus::SetShortcuts()
     form.actionCopy->setShortcuts(QKeySequence::Copy);
     form.actionPaste->setShortcuts(QKeySequence::Paste);
     form.actionSelectAll->setShortcuts(QKeySequence::SelectAll);
-    connect(new QShortcut(Qt::Key_F10, &window), &QShortcut::activated, this,
-            [this] { form.menubar->setActiveAction(form.menubar->actions().constFirst()); });
+    const QList<QAction*> menus = form.menubar->actions();
+    OpenMenuBy(Qt::Key_F10, menus.constFirst());
+    for (QAction* menu : menus) // whose titles have no marks
+        OpenMenuBy(QKeySequence(u"Alt+"_s + menu->text().front()), menu);
+}
+
+void Menus::OpenMenuBy(const QKeySequence& keys, QAction* menu)
+{
+    connect(new QShortcut(keys, &window), &QShortcut::activated, this,
+            [this, menu] { form.menubar->setActiveAction(menu); });
 }
 
 // An action whose room does not stand has nothing to do.
