@@ -29,6 +29,8 @@ public:
     {
         setUniformItemSizes(true); // or each key lays out every name several times over
         setAccessibleName(QStringLiteral("Names"));
+        setBackgroundRole(QPalette::Base); // the pixels left over look as the rows do
+        setAutoFillBackground(true);
     }
 
 protected:
