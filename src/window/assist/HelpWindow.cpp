@@ -6,6 +6,7 @@
 #include "ui_HelpWindow.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QHeaderView>
 #include <QMenu>
 #include <QScrollBar>
 #include <QShortcut>
@@ -71,6 +72,10 @@ HelpWindow::HelpWindow(const QList<HelpWindowArticle>& manualArticles, const QMa
     ui->helpText->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     FitSearchLabel();
     ui->helpTree->setModel(model);
+    ui->helpSplitter->setStretchFactor(1, 1); // the topics keep their width
+    // A title that is too long is scrolled to.
+    ui->helpTree->header()->setStretchLastSection(false);
+    ui->helpTree->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     Connect();
     BuildTree(indexText, aboutText, fullText);
     resize(545, 478);

@@ -22,6 +22,28 @@ constexpr int walkingPause = 1000; // milliseconds without an arrow key after wh
 constexpr int narrowest = 190;     // pixels
 constexpr int sideMargin = 24;     // pixels that a row needs besides its text
 
+// A list that shows whole rows: the completer's height leaves some pixels over, in which the next name would begin.
+class NameList : public QListView {
+public:
+    NameList()
+    {
+        setUniformItemSizes(true); // or each key lays out every name several times over
+        setAccessibleName(QStringLiteral("Names"));
+        setBackgroundRole(QPalette::Base); // the pixels left over look as the rows do
+        setAutoFillBackground(true);
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        QListView::resizeEvent(event);
+        if (const int row = sizeHintForRow(0); row > 0) {
+            const int over = (height() - 2 * frameWidth()) % row;
+            setViewportMargins(0, over / 2, 0, over - over / 2);
+        }
+    }
+};
+
 // The width of the row whose name has the widest characters. To lay out all rows, as the view does when asked for its
 // column, takes longer than all else that a key brings about; kerning, which does not count here, moves the width by a
 // pixel or two.
@@ -59,7 +81,7 @@ PredictiveText::PredictiveText(QWidget& mainWindow, const Pad& mainPad, QAction&
                                const Calculator& workspace, const PadActivity& padActivity, UndoHistory& history)
     : window(mainWindow), pad(mainPad), editor(*mainPad.Editor()), action(switchAction), calculator(workspace),
       activity(padActivity), undo(history), autoCompleter(&mainWindow), names(*new QStringListModel(&autoCompleter)),
-      popup(*autoCompleter.popup()), popupViewport(popup.viewport())
+      popup(*new NameList), popupViewport(popup.viewport())
 {
     MakePopup();
     ConnectSignals(switchAction);
@@ -82,15 +104,14 @@ PredictiveText::~PredictiveText()
 // installed behind them and so comes first.
 void PredictiveText::MakePopup()
 {
-    autoCompleter.setModel(&names);
+    autoCompleter.setPopup(&popup); // which takes no focus; to say so behind the next line would say it of the pad
     autoCompleter.setWidget(&editor);
+    autoCompleter.setModel(&names);
     autoCompleter.setCaseSensitivity(Qt::CaseInsensitive);
     autoCompleter.setFilterMode(Qt::MatchStartsWith);
     autoCompleter.setCompletionMode(QCompleter::PopupCompletion);
     popup.setParent(&window, QGuiApplication::platformName().startsWith(u"wayland") ? Qt::Widget : Qt::ToolTip);
     popup.hide(); // or it would come with the main window
-    popup.setFocusPolicy(Qt::NoFocus);
-    static_cast<QListView&>(popup).setUniformItemSizes(true); // or each key lays out every name several times over
     popup.setAttribute(Qt::WA_ShowWithoutActivating);
     for (QObject* watched : {static_cast<QObject*>(&popup), static_cast<QObject*>(popup.viewport()),
                              static_cast<QObject*>(&editor), static_cast<QObject*>(&window)})

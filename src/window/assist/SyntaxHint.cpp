@@ -6,14 +6,17 @@
 #include "window/pad/PadActivity.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QPalette>
 #include <QScrollBar>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
-constexpr int gap = 3; // pixels between the cursor and the hint
+constexpr int gap = 3;           // pixels between the cursor and the hint
+constexpr int farthestPixel = 4; // a scale of quarters has a whole pixel of the screen at least at each fourth
 
 QPalette ToolTipColours(QPalette palette)
 {
@@ -23,6 +26,44 @@ QPalette ToolTipColours(QPalette palette)
     }
     return palette;
 }
+
+// How far a place on the window has to move back to fall on a whole pixel of the screen; 0 where none is near.
+int BackToWholePixel(int place, double scale)
+{
+    for (int back = 0; back < farthestPixel; ++back) {
+        const double pixel = (place - back) * scale;
+        if (qFuzzyCompare(pixel, std::round(pixel)))
+            return back;
+    }
+    return 0;
+}
+
+// Between two pixels the left line of the frame would be clipped away.
+QPoint OnWholePixels(QPoint place, const QWidget& viewport)
+{
+    const double scale = viewport.devicePixelRatioF();
+    const QPoint onWindow = viewport.mapTo(viewport.window(), place);
+    return place - QPoint(BackToWholePixel(onWindow.x(), scale), BackToWholePixel(onWindow.y(), scale));
+}
+
+// A child of the pad's viewport would take the colours of a text field for its own.
+class HintLabel : public QLabel {
+public:
+    explicit HintLabel(QWidget* parent) : QLabel(parent)
+    {
+        setBackgroundRole(QPalette::Window);
+        setForegroundRole(QPalette::WindowText);
+        setPalette(ToolTipColours(palette()));
+    }
+
+protected:
+    void changeEvent(QEvent* event) override
+    {
+        if (event->type() == QEvent::PaletteChange)
+            setPalette(ToolTipColours(palette())); // changes nothing the second time
+        QLabel::changeEvent(event);
+    }
+};
 
 } // namespace
 
@@ -39,7 +80,7 @@ QPoint HintPosition(const QRect& cursor, QSize hint, QSize viewport)
 SyntaxHint::SyntaxHint(const Pad& mainPad, QAction& switchAction, const Calculator& workspace,
                        const PadActivity& padActivity)
     : pad(mainPad), editor(*mainPad.Editor()), action(switchAction), calculator(workspace), activity(padActivity),
-      label(*new QLabel(mainPad.Editor()->viewport()))
+      label(*new HintLabel(mainPad.Editor()->viewport()))
 {
     MakeLabel();
     connect(&switchAction, &QAction::toggled, this, &SyntaxHint::Update);
@@ -62,7 +103,6 @@ void SyntaxHint::MakeLabel()
     label.setFocusPolicy(Qt::NoFocus);
     label.setAttribute(Qt::WA_TransparentForMouseEvents);
     label.setAutoFillBackground(true);
-    label.setPalette(ToolTipColours(label.palette()));
     label.hide();
 }
 
@@ -75,7 +115,8 @@ void SyntaxHint::Update()
     }
     label.setText(hint);
     label.adjustSize();
-    label.move(HintPosition(editor.cursorRect(), label.size(), editor.viewport()->size()));
+    const QPoint place = HintPosition(editor.cursorRect(), label.size(), editor.viewport()->size());
+    label.move(OnWholePixels(place, *editor.viewport()));
     label.show();
     label.raise();
 }

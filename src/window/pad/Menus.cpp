@@ -12,6 +12,7 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QMessageBox>
+#include <QShortcut>
 #include <QSignalBlocker>
 
 #include <memory>
@@ -56,6 +57,16 @@ void Menus::SetShortcuts()
     form.actionCopy->setShortcuts(QKeySequence::Copy);
     form.actionPaste->setShortcuts(QKeySequence::Paste);
     form.actionSelectAll->setShortcuts(QKeySequence::SelectAll);
+    const QList<QAction*> menus = form.menubar->actions();
+    OpenMenuBy(Qt::Key_F10, menus.constFirst());
+    for (QAction* menu : menus) // whose titles have no marks
+        OpenMenuBy(QKeySequence(u"Alt+"_s + menu->text().front()), menu);
+}
+
+void Menus::OpenMenuBy(const QKeySequence& keys, QAction* menu)
+{
+    connect(new QShortcut(keys, &window), &QShortcut::activated, this,
+            [this, menu] { form.menubar->setActiveAction(menu); });
 }
 
 // An action whose room does not stand has nothing to do.

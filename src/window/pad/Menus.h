@@ -15,6 +15,7 @@ class MainWindow;
 class Pad;
 class QAction;
 class QContextMenuEvent;
+class QKeySequence;
 struct PadActivity;
 
 namespace Ui {
@@ -47,6 +48,7 @@ public:
 
 private:
     void SetShortcuts();
+    void OpenMenuBy(const QKeySequence& keys, QAction* menu);
     void ConnectEdit();
     void ConnectOptions();
     void ConnectHelp();

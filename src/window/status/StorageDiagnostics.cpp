@@ -8,11 +8,11 @@
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDialog>
-#include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -197,15 +197,19 @@ void RunOstrellStorageDiagnostics(QWidget* parent)
     line->setTextFormat(Qt::PlainText);
     line->setWordWrap(true);
     auto* box = ReportBox(report);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
-    auto* copy = buttons->addButton(u"Copy Full Report"_s, QDialogButtonBox::ActionRole);
+    auto* copy = new QPushButton(u"Copy Full Report"_s);
+    auto* close = new QPushButton(u"Close"_s);
     QObject::connect(copy, &QPushButton::clicked, &dialog, [&] { QGuiApplication::clipboard()->setText(report); });
-    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    QObject::connect(close, &QPushButton::clicked, &dialog, &QDialog::reject);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(copy);
+    buttons->addWidget(close);
 
     auto* layout = new QVBoxLayout(&dialog);
     layout->addWidget(line);
     layout->addWidget(box);
-    layout->addWidget(buttons);
+    layout->addLayout(buttons);
     copy->setDefault(true); // which only a button within its dialog can be
     dialog.resize(640, 480);
     box->setFocus();

@@ -54,7 +54,7 @@ QString DestinationOf(const ReleaseMetadata& metadata, ReleaseComparison compari
 QSize UsualSize(const QWidget& window)
 {
     const QFontMetrics metrics = window.fontMetrics();
-    const QSize size(64 * metrics.averageCharWidth(), 20 * metrics.lineSpacing());
+    const QSize size(64 * metrics.averageCharWidth(), 22 * metrics.lineSpacing());
     return size.boundedTo(window.screen()->availableSize());
 }
 

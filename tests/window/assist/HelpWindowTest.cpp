@@ -368,6 +368,7 @@ void HelpWindowTest::Layout()
     auto* splitter = window.findChild<QSplitter*>();
     QVERIFY(qAbs(reader.tree()->width() - 170) <= 1); // the splitter's handle takes its share
     window.resize(size);
+    QVERIFY(qAbs(reader.tree()->width() - 170) <= 1);
     QCOMPARE(splitter->geometry(), QRect(0, 0, size.width() - 2, size.height() - 28));
     QCOMPARE(window.findChild<QLabel*>("searchLabel")->pos(), QPoint(5, size.height() - 18));
     QTEST(reader.search()->geometry(), "search");

@@ -34,6 +34,8 @@ private slots:
     void ItGoesAway_data();
     void ItGoesAway();
     void ItStandsBelowTheCursor();
+    void ItShowsWholeRows_data();
+    void ItShowsWholeRows();
     void InsideTheWindow_data();
     void InsideTheWindow();
 
@@ -215,6 +217,24 @@ void PredictiveTextTest::ItStandsBelowTheCursor()
     QVERIFY(!QApplication::activePopupWidget()); // which would take all keys and clicks
     // A window that the program cannot place would not stay there.
     QCOMPARE(list.List()->isWindow(), !QGuiApplication::platformName().startsWith("wayland"));
+}
+
+void PredictiveTextTest::ItShowsWholeRows_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("rows");
+    QTest::newRow("all of them") << "variance" << 2;
+    QTest::newRow("as many as the list shows at once") << "si" << 7;
+}
+
+void PredictiveTextTest::ItShowsWholeRows()
+{
+    QFETCH(QString, typed);
+    QFETCH(int, rows);
+    ListWindow list;
+    list.Type(typed);
+    QVERIFY(list.Rows() >= rows);
+    QCOMPARE(list.List()->viewport()->height(), rows * list.List()->sizeHintForRow(0));
 }
 
 void PredictiveTextTest::InsideTheWindow_data()

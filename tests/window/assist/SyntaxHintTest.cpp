@@ -25,6 +25,7 @@ private slots:
     void ItFollowsTheLine();
     void ItFollowsTheCursor();
     void AtTheBottomItStandsAboveAndScrollsAway();
+    void ItHasTheColoursOfAToolTip();
     void ItKnowsTheUsersFunctions();
     void ItIsHiddenDuringASearch();
     void ItCanBeSwitched();
@@ -119,6 +120,25 @@ void SyntaxHintTest::AtTheBottomItStandsAboveAndScrollsAway()
     QCOMPARE(hint.Text(), "(hidden)"); // with the line that it belongs to
     hint.pad()->verticalScrollBar()->setValue(hint.pad()->verticalScrollBar()->maximum());
     QCOMPARE(hint.Text(), "SIN(<b>angle</b>)");
+}
+
+// Also when the desktop changes them.
+void SyntaxHintTest::ItHasTheColoursOfAToolTip()
+{
+    const QPalette usual = QApplication::palette();
+    const auto restore = qScopeGuard([&] { QApplication::setPalette(usual); });
+    HintWindow hint;
+    hint.Type("SIN(");
+    for (const QColor& colour : {QColor(Qt::yellow), QColor(Qt::darkBlue)}) {
+        QPalette palette = usual;
+        palette.setColor(QPalette::ToolTipBase, colour);
+        palette.setColor(QPalette::ToolTipText, Qt::red);
+        QApplication::setPalette(palette);
+        QCoreApplication::processEvents();
+        const QImage image = hint.Hint()->grab().toImage();
+        QCOMPARE(image.pixelColor(3, image.height() / 2), colour);
+        QCOMPARE(hint.Hint()->palette().color(hint.Hint()->foregroundRole()), QColor(Qt::red));
+    }
 }
 
 void SyntaxHintTest::ItKnowsTheUsersFunctions()
