@@ -16,6 +16,10 @@ EquationSetting Setting()
     EquationSetting setting;
     setting.variables = {{"A", 2}, {"FOUR", 4}};
     setting.lastAnswer = 7;
+    setting.expandCustomFunctions = [](const QString& text, QString& expanded) { // a call of BAD cannot be written out
+        expanded = text;
+        return !text.contains("BAD(");
+    };
     setting.formatAnswer = [](double value) { return FormatAnswer(value, {}); };
     return setting;
 }
@@ -101,6 +105,9 @@ void EquationSetTest::Solved_data()
     QTest::newRow("a circle and a line")                     << "X^2+Y^2=25;X-Y=1"  << "X = 4\nY = 3\n"   << system;
     QTest::newRow("no unknown")                              << "5=4+A"             << "-Cannot Solve-\n" << "Cannot Solve Equation";
     QTest::newRow("no unknown in a system")                  << "5=4;A=3"           << "-Cannot Solve-\n" << "Cannot Solve Equation System";
+    QTest::newRow("a call that cannot be written out")       << "BAD(X)=1"           << "-Cannot Solve-\n" << "Cannot Solve Equation";
+    QTest::newRow("such a call in a system")                 << "X=1;Y=BAD(X)"       << "-Cannot Solve-\n" << "Cannot Solve Equation System";
+    QTest::newRow("a value on one side of the start alone")  << "SQRT(-X)=2;X+Y=0"   << "X = -4\nY = 4\n"  << system;
     QTest::newRow("no root, and no point that has a value")  << "SQRT(-X^2-1)=0"    << ""                 << "Solve cancelled";
     QTest::newRow("two signs in a line of a system")         << "X=1;X=1=1"         << ""                 << "Solve cancelled";
     // clang-format on
@@ -181,6 +188,8 @@ void EquationSetTest::ApproximateValuesAreTidied()
     const auto flat = BuildEquationSystem({"(X-0.25)^2=-1", "(Y-3)^2=-1"}, Setting());
     QCOMPARE(TidyApproximateAnswer(*flat, {0.2500000003, 0.7499999998}), Point({0.25, 0.75}));
     QCOMPARE(TidyApproximateAnswer(*flat, {0.2500000003, 2.9999999998}), Point({0.2500000003, 3})); // fewer decimals
+    const auto root = BuildEquationSystem({"SQRT(X)=1"}, Setting());
+    QCOMPARE(TidyApproximateAnswer(*root, {-0.2500000003}), Point({-0.2500000003})); // has no value
     const auto steep = BuildEquationSystem({"1E9*X=300000000.3"}, Setting());
     QCOMPARE(TidyApproximateAnswer(*steep, {0.3000000003}), Point({0.3000000003}));
 }
