@@ -63,6 +63,7 @@ private slots:
     void ValuesInTheText();
     void LargeSystems();
     void AStoppedSearchReports();
+    void AReportLeavesOutSidesWithoutAValue();
     void ApproximateValuesAreTidied();
     void ASearchStopsSoon_data();
     void ASearchStopsSoon();
@@ -180,6 +181,21 @@ void EquationSetTest::AStoppedSearchReports()
                                          "Difference:             0\n\n"
                                          "Maximum Error: 1\nRMS Error: 0.707106781186548\nTotal Squared Error: 1\n");
     QVERIFY(answer.submission.runs[0].bold && !answer.submission.runs[1].bold && answer.submission.runs[2].bold);
+}
+
+// The left sides have a value only together with the right ones. Nor do they count.
+void EquationSetTest::AReportLeavesOutSidesWithoutAValue()
+{
+    const QString heading = "Approximate Answer\n\nX = 0\n\nNo exact solution was found before solving stopped.\n\n";
+    const QString errors = "Maximum Error: 0\nRMS Error: 0\nTotal Squared Error: 0\n";
+    for (const auto& [equations, rest] :
+         {std::pair("X)^2+(1=0", ""), std::pair("X)^2+(1=0;X=0", "Equation 2:\nX=0\n"
+                                                                 "Calculated Left Side:  0\nCalculated Right Side: 0\n"
+                                                                 "Difference:             0\n\n")}) {
+        int ticks = 0;
+        const EquationAnswer answer = Answer(equations, [&](const QString&) { return ++ticks < 3; });
+        QCOMPARE(PadText(answer.submission), heading + rest + errors);
+    }
 }
 
 // As far as that costs nothing.

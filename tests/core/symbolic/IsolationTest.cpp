@@ -176,6 +176,7 @@ void IsolationTest::DeepEquations_data()
     QTest::newRow("signs") << nested("-", "", 100'000) << "X = Y";
     QTest::newRow("terms") << nested("", " + Z*Z", 100'000) << "X = Y - 100000*Z^2";
     QTest::newRow("square roots") << nested("SQRT(", ")", 100'000) << tooMany;
+    QTest::newRow("sums that are multiplied out") << nested("(B + ", ")*C", 1000) << tooMany;
     QTest::newRow("squares that double the answers") << nested("(", "^2 + 1)", 10'000) << tooMany;
     QTest::newRow("eight squares") << nested("(", "^2 + Z)", 8) << "X = SQRT(SQRT(";
 }

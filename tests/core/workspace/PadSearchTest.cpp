@@ -77,6 +77,7 @@ void PadSearchTest::Matches_data()
     QTest::newRow("half a character in the pad")          << "a" + QString(QChar(0xd83d)) + "b 5" << "b" << ""              << "2+1";
     QTest::newRow("a whole one beside a half")            << QString::fromUtf16(u"\xd83d\U0001F600") << QString::fromUtf16(u"\U0001F600") << ""  << "1+2";
     QTest::newRow("half a character sought")              << "ab"     << QString(QChar(0xde00)) << ""     << "";
+    QTest::newRow("a far beginning without its end")      << QString::fromUtf16(u"\U0001F600") + QString(300'000, 'a') + 'b' << QString::fromUtf16(u"\U0001F600.*z|b") << "regex" << "300002+1";
     QTest::newRow("an empty pad")                         << ""       << "a"              << ""           << "";
     QTest::newRow("no text")                              << pad      << ""               << ""           << error + "Enter text to find";
     QTest::newRow("blanks are no text")                   << pad      << "  "             << ""           << error + "Enter text to find";
