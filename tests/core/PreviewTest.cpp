@@ -17,6 +17,7 @@ void PreviewTest::Length_data()
     QTest::addColumn<QString>("end");
     // clang-format off
     QTest::newRow("a long line")                            << "1" + QString("+1").repeated(4900)       << "+1 = 4901";
+    QTest::newRow("a chain of comparisons that fails")      << "1" + QString("<2").repeated(4900)       << "FALSE";
     QTest::newRow("too long a line")                        << "1" + QString("+1").repeated(5000)       << "";
     QTest::newRow("blanks around it do not count")          << "1+1" + QString(" ").repeated(20000)     << "1+1 = 2";
     QTest::newRow("a custom function that makes it longer") << QString("BODY(0)+").repeated(60) + "1"   << "";

@@ -324,10 +324,8 @@ Value ScanForRate(const RateResidual& residual)
 // NetPresentValue for a search, which asks some 20000 times: the powers are one running product and not a call of pow
 // for each flow, and a long list ends where the flows that are left no longer count. Extended precision keeps the
 // product as exact as pow: where flows have several roots, the last bit can decide which one is found.
-Value DiscountedSum(double rate, Arguments cashFlows)
+double DiscountedSum(double rate, Arguments cashFlows)
 {
-    if (!(rate > -1))
-        return std::nullopt;
     double sum = 0;
     long double product = 1;
     for (const double cashFlow : cashFlows) {

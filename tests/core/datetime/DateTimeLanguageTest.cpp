@@ -100,6 +100,7 @@ void DateTimeLanguageTest::Line_data()
     row("products bind tighter, to the left",              u"1:00 + 12:00 / 2 / 3 * 2",           u"5:00");
     row("a sign binds tighter than a product",             u"-1:00 * 2 - -3 * (1 + 1) * 0:10",    u"-1:00");
     row("numbers among themselves",                        u"HOUR(7:00) * 1.5e1 - .5 / (1 - 2) ", u"=105.5");
+    row("exponents with a sign",                           u"1:30 * 20E-1 + 1E+1",                u"3:10");
     row("names are the resolver's, in upper case",         u"0:10 * x + \u00e4_1",                u"0:23");
     row("white space beyond ASCII",                        u"\u00a01:00\u2003+\u00851\t",         u"1:01");
 
@@ -116,6 +117,7 @@ void DateTimeLanguageTest::Line_data()
     row("a bracket left open",                             u"(1:30",                              u"fails");
     row("a bracket too many",                              u"1:30)",                              u"fails");
     row("a comma outside a call",                          u"(1:30, 2)",                          u"fails");
+    row("a comma outside any bracket",                     u"1:30, 2",                            u"fails");
     row("a comma too many",                                u"HOUR(1:30, 2)",                      u"fails");
     row("a call of a plain word",                          u"TODAY()",                            u"fails");
     row("an operator without an operand",                  u"1:30 +",                             u"fails");
@@ -171,6 +173,8 @@ void DateTimeLanguageTest::Line_data()
 
     row("days from the first to the second",               u"days(\"9/10/2026\", TODAY + 106)",   u"=106");
     row("days backward",                                   u"DAYS(\"1/1/2029\",\"1/1/2028\")",    u"=-366");
+    row("days from a number",                              u"DAYS(1, TODAY)",                     u"fails");
+    row("the day of the week of a number",                 u"WEEKDAY(3)",                         u"fails");
     row("days of one date",                                u"DAYS(TODAY)",                        u"fails");
     row("fields of a date",                                u"DAY(NOW) + 100*MONTH(\"9/1/2026\") + 10000*YEAR(TODAY)", u"=20260910");
     row("fields of a wrong kind",                          u"DAY(1:30)",                          u"fails");
@@ -211,6 +215,10 @@ void DateTimeLanguageTest::Line_data()
     row("a far stamp comes back",                          u"DATE(\"9/10/2026 1:00 AM\") + 3.9e8 - 390000000", u"9/10/2026 1:00 AM");
     row("days past a stamp's range",                       u"NOW + 4.1e8",                         u"fails");
     row("time past a stamp's range",                       u"NOW + 2562047788015215:00",          u"fails");
+    row("time back past a stamp's range",                  u"NOW - 2562047788015215:00",          u"fails");
+    row("time off without an opposite",                    u"NOW - (-2562047788015215:30:07 - 1)", u"fails");
+    row("time since a date too far for it",                u"NOW - (TODAY - 410000000)",          u"fails");
+    row("a duration off too large a number",               u"1e18 - 1:30",                        u"fails");
     row("the widest distance of stamps",                   u"TODAY + 3.9e8 + 0:00 - (TODAY - 3.9e8 + 0:00)", u"18720000000:00");
     // clang-format on
 }

@@ -186,6 +186,7 @@ void CustomFunctionsTest::Commands_data()
     QTest::newRow("an empty parameter")      << "CREATE FUNCTION F(X,) = X"    << "Invalid function parameter: "       << none << false;
     QTest::newRow("a parameter as typed")    << "CREATE FUNCTION F( 2y ) = 1"  << "Invalid function parameter: 2y"     << none << false;
     QTest::newRow("a function as parameter") << "CREATE FUNCTION F(sq) = 1"    << "Invalid function parameter: sq"     << none << false;
+    QTest::newRow("a reserved parameter")    << "CREATE FUNCTION F(sin) = 1"   << "Invalid function parameter: sin"    << none << false;
     QTest::newRow("a second equals sign")    << "CREATE FUNCTION F(X) = X = 1" << "A function definition must contain one expression" << none << false;
     QTest::newRow("calls itself")            << "CREATE FUNCTION F(X) = F (X)" << recursive << none << false;
     QTest::newRow("calls itself by another") << "CREATE FUNCTION SQ(X) = AREA(X, 1)" << recursive << none << false;
@@ -287,6 +288,7 @@ void CustomFunctionsTest::SettingsWithInvalidEntries()
     write(6, u"TWICE"_s, u"x X"_s, u"x"_s);
     write(7, u"TAKEN"_s, u"good"_s, u"1"_s);
     write(12, u"LAST"_s, u"x"_s, u"x"_s);
+    write(2'000'000'001, u"BEYOND"_s, u"x"_s, u"x"_s);
     CustomFunctions functions;
     functions.LoadCustomFunctions(settings, [](const QString& name) { return name == u"SIN"; });
     QCOMPARE(functions.GetCustomFunctionsList(), u"GOOD(A, B) = A+b\nLAST(X) = x"_s);

@@ -38,6 +38,7 @@ void FinancialTest::Calls_data()
     QTest::newRow("rate of a loan with a balloon")     << "RATE 48 400 20000 5000"        << 0.0067018180124382879845;
     QTest::newRow("rate of a loan not repaid in full") << "RATE 10 90 1000"               << -0.018711665422904579209;
     QTest::newRow("rate of growth without payments")   << "RATE 5 0 100 200"              << 0.1486983549970350068;
+    QTest::newRow("rate where all seeds overflow")     << "RATE 100000 1 1000"            << 0.001;
     QTest::newRow("rate beyond all seeds")             << "RATE 1 3000 1; IRR -1 3000"    << 2999.0;
     QTest::newRow("first interest")                    << "IPMT 0.005 1 360 300000"       << 1500.0;
     QTest::newRow("interest half-way")                 << "IPMT 0.005 180 360 300000"     << 1069.3790295009469872;
@@ -118,6 +119,9 @@ void FinancialTest::SearchEnds()
     calls = 0;
     QVERIFY(!FindFinancialRate(dipAt(-0.25)));
     QVERIFY(calls > 20000 && calls < 24000);
+    // Nothing has a value where the sign changes.
+    QVERIFY(!FindFinancialRate(
+        [](double rate) { return std::fabs(rate + 0.5) < 1e-5 ? std::nullopt : Value(rate < -0.5 ? -1 : 1); }));
 }
 
 QTEST_APPLESS_MAIN(FinancialTest)

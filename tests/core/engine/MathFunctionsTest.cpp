@@ -1,15 +1,19 @@
-#include "core/engine/MathFunctions.h"
+#include "core/engine/Functions.h"
 #include "core/engine/ProgrammerMath.h"
 
 #include "LibraryCalls.h"
 
 namespace {
 
+// Programmer math by its own door, mathematics by the one for all libraries.
 double RunMathOrProgrammer(const QString& name, const QList<double>& arguments, bool& ok, bool& handled)
 {
-    const double value = RunLibraryFunction(MathFunctions(), name, arguments, ok, handled);
-    double bits = 0;
-    return handled ? value : ProgrammerMath::RunFunction(name, arguments, bits, ok, handled);
+    double value = 0;
+    ProgrammerMath::RunFunction(name, arguments, value, ok, handled);
+    if (handled)
+        return value;
+    handled = FindFunction(name.toStdString()) != nullptr;
+    return RunFunction(name, arguments, ok);
 }
 
 } // namespace

@@ -1,9 +1,10 @@
-// The language's names stand in several tables, each for a use of its own: what runs a function, what describes it, and
-// what is closed to variables. No name may be missing in one of them.
+// The language's names stand in several tables, each for a use of its own: what runs a function, what describes it,
+// what is closed to variables, and what is no unknown of an equation. No name may be missing in one of them.
 #include "core/engine/Functions.h"
 #include "core/engine/ReservedNames.h"
 #include "core/engine/SyntaxCatalog.h"
 #include "core/engine/Variables.h"
+#include "core/solver/EquationText.h"
 
 #include <QSet>
 #include <QTest>
@@ -27,6 +28,7 @@ class NamesTest : public QObject {
 
 private slots:
     void EveryFunctionIsDescribedAndReserved();
+    void NoFunctionIsAnUnknown();
     void EveryDescribedFunctionRuns();
     void EveryDescribedWordIsReserved();
     void NamesOfVariables_data();
@@ -46,6 +48,21 @@ void NamesTest::EveryFunctionIsDescribedAndReserved()
         }
     }
     QCOMPARE(functions, 99);
+}
+
+// Else a search would give the function's name a value.
+void NamesTest::NoFunctionIsAnUnknown()
+{
+    for (const FunctionLibrary library : FunctionLibraries()) {
+        for (const FunctionRow& row : library) {
+            const QString equation = row.name + QString("(X)=1");
+            QString left, right, variable;
+            QStringList names;
+            ParseSingleVariableEquation(equation, left, right, variable, {});
+            FindEquationSystemVariables({equation}, names, {});
+            QVERIFY2(variable == "X" && names == QStringList("X"), qPrintable(equation));
+        }
+    }
 }
 
 void NamesTest::EveryDescribedFunctionRuns()

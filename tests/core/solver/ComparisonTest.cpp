@@ -50,6 +50,8 @@ void ComparisonTest::Answer_data()
     QTest::newRow("below has no tolerance")                    << "1 < 1.0000000000001"          << "TRUE";
     QTest::newRow("different has one")                         << "1 <> 1.0000000000001"         << "FALSE";
     QTest::newRow("at most")                                   << "2<=2"                         << "TRUE";
+    QTest::newRow("above is not at most")                      << "3<=2"                         << "FALSE";
+    QTest::newRow("a chain of both")                           << "1<=2<=2>=2>=1"                << "TRUE";
     QTest::newRow("at least")                                  << "2 >= 3"                       << "FALSE";
     QTest::newRow("an unknown between equal signs: equation")  << "X = 5"                        << "";
     QTest::newRow("also in a chain")                           << "1 = 1 = X"                    << "";

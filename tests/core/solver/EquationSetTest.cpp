@@ -16,6 +16,10 @@ EquationSetting Setting()
     EquationSetting setting;
     setting.variables = {{"A", 2}, {"FOUR", 4}};
     setting.lastAnswer = 7;
+    setting.expandCustomFunctions = [](const QString& text, QString& expanded) { // a call of BAD cannot be written out
+        expanded = text;
+        return !text.contains("BAD(");
+    };
     setting.formatAnswer = [](double value) { return FormatAnswer(value, {}); };
     return setting;
 }
@@ -59,6 +63,7 @@ private slots:
     void ValuesInTheText();
     void LargeSystems();
     void AStoppedSearchReports();
+    void AReportLeavesOutSidesWithoutAValue();
     void ApproximateValuesAreTidied();
     void ASearchStopsSoon_data();
     void ASearchStopsSoon();
@@ -101,6 +106,9 @@ void EquationSetTest::Solved_data()
     QTest::newRow("a circle and a line")                     << "X^2+Y^2=25;X-Y=1"  << "X = 4\nY = 3\n"   << system;
     QTest::newRow("no unknown")                              << "5=4+A"             << "-Cannot Solve-\n" << "Cannot Solve Equation";
     QTest::newRow("no unknown in a system")                  << "5=4;A=3"           << "-Cannot Solve-\n" << "Cannot Solve Equation System";
+    QTest::newRow("a call that cannot be written out")       << "BAD(X)=1"           << "-Cannot Solve-\n" << "Cannot Solve Equation";
+    QTest::newRow("such a call in a system")                 << "X=1;Y=BAD(X)"       << "-Cannot Solve-\n" << "Cannot Solve Equation System";
+    QTest::newRow("a value on one side of the start alone")  << "SQRT(-X)=2;X+Y=0"   << "X = -4\nY = 4\n"  << system;
     QTest::newRow("no root, and no point that has a value")  << "SQRT(-X^2-1)=0"    << ""                 << "Solve cancelled";
     QTest::newRow("two signs in a line of a system")         << "X=1;X=1=1"         << ""                 << "Solve cancelled";
     // clang-format on
@@ -175,12 +183,29 @@ void EquationSetTest::AStoppedSearchReports()
     QVERIFY(answer.submission.runs[0].bold && !answer.submission.runs[1].bold && answer.submission.runs[2].bold);
 }
 
+// The left sides have a value only together with the right ones. Nor do they count.
+void EquationSetTest::AReportLeavesOutSidesWithoutAValue()
+{
+    const QString heading = "Approximate Answer\n\nX = 0\n\nNo exact solution was found before solving stopped.\n\n";
+    const QString errors = "Maximum Error: 0\nRMS Error: 0\nTotal Squared Error: 0\n";
+    for (const auto& [equations, rest] :
+         {std::pair("X)^2+(1=0", ""), std::pair("X)^2+(1=0;X=0", "Equation 2:\nX=0\n"
+                                                                 "Calculated Left Side:  0\nCalculated Right Side: 0\n"
+                                                                 "Difference:             0\n\n")}) {
+        int ticks = 0;
+        const EquationAnswer answer = Answer(equations, [&](const QString&) { return ++ticks < 3; });
+        QCOMPARE(PadText(answer.submission), heading + rest + errors);
+    }
+}
+
 // As far as that costs nothing.
 void EquationSetTest::ApproximateValuesAreTidied()
 {
     const auto flat = BuildEquationSystem({"(X-0.25)^2=-1", "(Y-3)^2=-1"}, Setting());
     QCOMPARE(TidyApproximateAnswer(*flat, {0.2500000003, 0.7499999998}), Point({0.25, 0.75}));
     QCOMPARE(TidyApproximateAnswer(*flat, {0.2500000003, 2.9999999998}), Point({0.2500000003, 3})); // fewer decimals
+    const auto root = BuildEquationSystem({"SQRT(X)=1"}, Setting());
+    QCOMPARE(TidyApproximateAnswer(*root, {-0.2500000003}), Point({-0.2500000003})); // has no value
     const auto steep = BuildEquationSystem({"1E9*X=300000000.3"}, Setting());
     QCOMPARE(TidyApproximateAnswer(*steep, {0.3000000003}), Point({0.3000000003}));
 }

@@ -14,6 +14,8 @@ private slots:
     void Answer();
     void Refusal_data();
     void Refusal();
+    void WithoutTheVariable_data();
+    void WithoutTheVariable();
     void AnswersHold();
     void DeepEquations_data();
     void DeepEquations();
@@ -97,6 +99,31 @@ void IsolationTest::Refusal()
     QVERIFY(!ok);
 }
 
+// Only a caller of one's own can bring what the variable is not in.
+void IsolationTest::WithoutTheVariable_data()
+{
+    QTest::addColumn<QString>("expression");
+    QTest::addColumn<QString>("words");
+    // clang-format off
+    QTest::newRow("another variable")     << "Y"        << "ISOLATE cannot yet reverse this part of the expression.";
+    QTest::newRow("a number")             << "-7"       << "ISOLATE cannot yet reverse this part of the expression.";
+    QTest::newRow("another square root")  << "SQRT(Y)"  << "ISOLATE lost track of the target variable inside SQRT.";
+    QTest::newRow("another sum")          << "Y + 1"    << "ISOLATE lost track of the target variable.";
+    QTest::newRow("another power")        << "Y^2"      << "ISOLATE cannot yet isolate a variable that appears in an exponent.";
+    // clang-format on
+}
+
+void IsolationTest::WithoutTheVariable()
+{
+    QFETCH(QString, expression);
+    NodePointer node;
+    QVERIFY(ParseSymbolicExpression(expression, node));
+    std::vector<NodePointer> solutions;
+    QString error;
+    QVERIFY(!IsolateNode(node, node, "X", solutions, error) && solutions.empty());
+    QTEST(error, "words");
+}
+
 // Around one X operations are put by chance; every answer, put back, gives the equation. The trees are evaluated and
 // not their text, which leaves out some brackets. Where a root of what is below zero would be needed, nothing is
 // compared.
@@ -149,6 +176,7 @@ void IsolationTest::DeepEquations_data()
     QTest::newRow("signs") << nested("-", "", 100'000) << "X = Y";
     QTest::newRow("terms") << nested("", " + Z*Z", 100'000) << "X = Y - 100000*Z^2";
     QTest::newRow("square roots") << nested("SQRT(", ")", 100'000) << tooMany;
+    QTest::newRow("sums that are multiplied out") << nested("(B + ", ")*C", 1000) << tooMany;
     QTest::newRow("squares that double the answers") << nested("(", "^2 + 1)", 10'000) << tooMany;
     QTest::newRow("eight squares") << nested("(", "^2 + Z)", 8) << "X = SQRT(SQRT(";
 }

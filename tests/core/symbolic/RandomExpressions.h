@@ -115,7 +115,7 @@ inline bool IsClose(double a, double b)
 
 /// Whether the text of a tree says all that the tree says. The operand of a minus sign and a negative number go without
 /// brackets: not if a sum is negated, something is divided by a negated product, a negative number has a power, or is
-/// one (X^-2 reads as a power of a negation, which prints as X^(-2)).
+/// one (X^-2 reads as a power of a negation, which prints as X^(-2)), or a sum is added that begins below zero.
 inline bool SaysAll(const NodePointer& node)
 {
     using Type = SimplifyNodeType;
@@ -125,7 +125,13 @@ inline bool SaysAll(const NodePointer& node)
     const auto isProduct = [](const NodePointer& operand) {
         return IsOfType(operand, Type::Multiply) || IsOfType(operand, Type::Divide) || IsOfType(operand, Type::Negate);
     };
+    const auto beginsBelowZero = [&](NodePointer operand) {
+        while (IsSum(operand))
+            operand = operand->left;
+        return isBelowZero(operand) || IsOfType(operand, Type::Negate);
+    };
     const bool hides =
+        (node->type == Type::Add && IsSum(node->right) && beginsBelowZero(node->right)) ||
         (node->type == Type::Negate && IsSum(node->left)) ||
         (node->type == Type::Divide && IsOfType(node->right, Type::Negate) && isProduct(node->right->left)) ||
         (node->type == Type::Power && (isBelowZero(node->left) || isBelowZero(node->right)));

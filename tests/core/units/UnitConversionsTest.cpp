@@ -108,6 +108,7 @@ void UnitConversionsTest::Text_data()
     QTest::newRow("any case, any blanks")                      << u"2\tMetric  Cups to  l"_s << u"((((2) * 0.25)) / 1)"_s;
     QTest::newRow("the value ends at the line's start")        << u"X FT TO M = 10"_s         << u"((((X) * 0.30480000000000002)) / 1) = 10"_s;
     QTest::newRow("a command word is no value")                << u"SIMPLIFY 2 KM TO M"_s     << u"SIMPLIFY ((((2) * 1000)) / 1)"_s;
+    QTest::newRow("a longer word is one")                      << u"SIMPLIFYX KM TO M"_s      << u"((((SIMPLIFYX) * 1000)) / 1)"_s;
     QTest::newRow("a command word alone has no value")         << u"simplify KM TO M"_s       << u"simplify KM TO M"_s;
     QTest::newRow("any blank may stand before a binary sign")  << u"X\u00A0- 2 KM TO M"_s     << u"X\u00A0-((((2) * 1000)) / 1)"_s;
     QTest::newRow("braces end a value")                        << u"{ X KM TO M = 10 }"_s     << u"{((((X) * 1000)) / 1) = 10 }"_s;

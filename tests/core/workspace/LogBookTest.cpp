@@ -116,6 +116,8 @@ void LogBookTest::Read_data()
     QTest::newRow("a header that is no date")         << monday + "a\n" + Header("x") + "lost\n" + dawn + "b\n" << QStringList{"2026-11-16: @a|@b|"};
     QTest::newRow("a day that does not exist")        << monday + "a\n" + Header("Mon Feb 30 05:33:44 2026") + "lost\n" << QStringList{"2026-11-16: @a|"};
     QTest::newRow("an hour that does not exist")      << monday + "a\n" + Header("Mon Nov 16 24:00:00 2026") + "lost\n" << QStringList{"2026-11-16: @a|"};
+    QTest::newRow("a minute that is no number")       << monday + "a\n" + Header("Mon Nov 16 05:3/:44 2026") + Header("Mon Nov 16 05:x3:44 2026") + "lost\n" << QStringList{"2026-11-16: @a|"};
+    QTest::newRow("other marks in the time")          << monday + "a\n" + Header("Mon Nov 16 05.33:44 2026") + Header("Mon Nov 16 05:33.44 2026") + "lost\n" << QStringList{"2026-11-16: @a|"};
     QTest::newRow("an hour that the clock skips here") << Header("Sun Mar 29 02:30:00 2026") + "a\n"        << QStringList{"2026-03-29: @a|"};
     QTest::newRow("a name in another language")       << Header("Pzt Kas 16 05:33:44 2026") + "lost\n"      << QStringList();
     QTest::newRow("hyphens alone")                    << monday + QByteArray(60, '-') + "\nlost\n"          << QStringList{"2026-11-16: @"};

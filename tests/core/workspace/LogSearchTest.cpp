@@ -144,8 +144,8 @@ void LogSearchTest::Days()
     const std::array<QString, 4> texts{"MORTGAGE\n--\n[a] PAYMENT\nCAR\n", "Mortgage\nx=4\n", "MORTGAGE PAYMENT\ny=5\n",
                                        "rate=3\n5+(2)\n"};
     QList<LogDay> days;
-    for (const QString& day : texts)
-        days.append({QDate(2026, 11, 30).addDays(-days.size()), day});
+    for (const QString& day : texts) // longer than a piece, so that a day goes on where it was left
+        days.append({QDate(2026, 11, 30).addDays(-days.size()), QString(40'000, '.') + '\n' + day});
     QList<SearchTerm> terms;
     QString error;
     QVERIFY(BuildFriendlySearchTerms(text, caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive, terms, error));

@@ -75,7 +75,9 @@ void PadSearchTest::Matches_data()
     QTest::newRow("an accent and its letter's case")      << QString::fromUtf8("\xc3\x89t\xc3\xa9") << QString::fromUtf8("\xc3\xa9") << "" << "0+1 2+1";
     QTest::newRow("a character of two units is one")      << QString::fromUtf8("a\xf0\x9f\x98\x80z") << "a?z" << ""         << "0+4";
     QTest::newRow("half a character in the pad")          << "a" + QString(QChar(0xd83d)) + "b 5" << "b" << ""              << "2+1";
+    QTest::newRow("a whole one beside a half")            << QString::fromUtf16(u"\xd83d\U0001F600") << QString::fromUtf16(u"\U0001F600") << ""  << "1+2";
     QTest::newRow("half a character sought")              << "ab"     << QString(QChar(0xde00)) << ""     << "";
+    QTest::newRow("a far beginning without its end")      << QString::fromUtf16(u"\U0001F600") + QString(300'000, 'a') + 'b' << QString::fromUtf16(u"\U0001F600.*z|b") << "regex" << "300002+1";
     QTest::newRow("an empty pad")                         << ""       << "a"              << ""           << "";
     QTest::newRow("no text")                              << pad      << ""               << ""           << error + "Enter text to find";
     QTest::newRow("blanks are no text")                   << pad      << "  "             << ""           << error + "Enter text to find";
@@ -126,6 +128,7 @@ void PadSearchTest::LargePads_data()
     // clang-format off
     QTest::newRow("a word in every line")         << "12*(3+4)\n" << "3+4"                 << ""      << "100000";
     QTest::newRow("an expression for each digit") << "12*(3+4)\n" << "\\d"                 << "regex" << "400000";
+    QTest::newRow("no line at all, characters of two units") << QString::fromUtf16(u"a\U0001F600") << "?a" << "" << "99999";
     QTest::newRow("slow in every line")           << QString(22, 'a') + "\n" << "(a+)+b"   << "regex" << error + "Invalid regular expression";
     QTest::newRow("slow over the whole")          << "12*(3+4)\n" << "(?s)(.*)(.*)(.*)=x"  << "regex" << error + "Invalid regular expression";
     // clang-format on

@@ -79,6 +79,7 @@ private slots:
     void NotOurs();
     void Draft_data();
     void Draft();
+    void NotWritten();
     void FullDiskKeepsOldText();
     void KilledAtAnyMoment();
     void OneOfManyTakes();
@@ -200,6 +201,14 @@ void RecoveryFileTest::Draft()
         QCOMPARE(flock(owner.handle(), LOCK_EX), 0);
     QCOMPARE(Take(directory->path()), QByteArrayList());
     QCOMPARE(!Files().isEmpty(), stays);
+}
+
+void RecoveryFileTest::NotWritten()
+{
+    QVERIFY(!RecoveryFile(Path("missing")).Write("text"));
+    QVERIFY(!RecoveryFile(directory->path()).Write(QByteArray(largestRecoveryText + 1, 't')));
+    RecoveryFile(directory->path()).Remove();
+    QCOMPARE(Files(), QStringList());
 }
 
 void RecoveryFileTest::FullDiskKeepsOldText()

@@ -102,6 +102,7 @@ void SharedTextTest::RandomChanges()
         text.Replace(from, removed, inserted);
         Replace(model, from, removed, inserted);
         QCOMPARE(text.Length(), model.text.size());
+        QCOMPARE(text.Text(), model.text);
         copies.append(text);
         models.append(model);
         const int other = Below(random, static_cast<int>(copies.size()));

@@ -7,9 +7,15 @@ namespace {
 
 struct Workspace {
     Workspace()
-        : history({[this] { return Capture(); }, [this](const UndoState& state) { text = state.text.Content().text; },
+        : history({[this] { return Capture(); }, [this](const UndoState& state) { Restore(state); },
                    [this] { return busy; }, [] {}})
     {
+    }
+
+    void Restore(const UndoState& state)
+    {
+        text = state.text.Content().text;
+        restored = state;
     }
 
     UndoState Capture() const
@@ -65,6 +71,7 @@ struct Workspace {
 
     QString text;
     bool busy = false;
+    UndoState restored;
     UndoHistory history;
 };
 
@@ -78,6 +85,7 @@ private slots:
     void Steps();
     void Limit();
     void MenuAtTheLimit();
+    void SettingsAreNotUndone();
 };
 
 void UndoHistoryTest::Steps_data()
@@ -144,6 +152,23 @@ void UndoHistoryTest::MenuAtTheLimit()
             QVERIFY2(workspace.text != before, "a step that changes nothing");
         }
         QVERIFY(menu != 'm' || workspace.text.isEmpty());
+    }
+}
+
+// A state from before they were changed brings the new ones, in either direction.
+void UndoHistoryTest::SettingsAreNotUndone()
+{
+    for (const QChar step : QString("ur")) {
+        Workspace workspace;
+        for (const QChar event : QString("ECu"))
+            workspace.Do(event);
+        workspace.history.UpdateUndoHistoryValueFormat("0.00");
+        workspace.history.UpdateUndoHistoryWordOperators(false);
+        workspace.history.UpdateUndoHistoryIgnoreText(false);
+        workspace.Do(step);
+        QCOMPARE(workspace.restored.values.formatPattern, "0.00");
+        QVERIFY(!workspace.restored.useWordOperators && !workspace.restored.ignoreText);
+        QCOMPARE(workspace.text, step == 'u' ? "" : "EC");
     }
 }
 
