@@ -68,7 +68,7 @@ void SortAndUnite(QStringList& names)
         const int order = a.compare(b, Qt::CaseInsensitive);
         return order != 0 ? order < 0 : a < b;
     });
-    names.erase(std::unique(names.begin(), names.end()), names.end());
+    names.resize(std::unique(names.begin(), names.end()) - names.begin());
 }
 
 QStringList NamesBeginningWith(const Calculator& calculator, const FixedNames& fixed, QStringView prefix)

@@ -262,7 +262,7 @@ constexpr qsizetype longestName =
 QStringList ParametersOfTail(QLatin1StringView tail)
 {
     QString text = tail;
-    for (const QChar bracket : u"()[]"_s)
+    for (const QChar bracket : QStringView(u"()[]"))
         text.remove(bracket);
     QStringList parameters;
     for (const QString& piece : text.split(u',', Qt::SkipEmptyParts)) {

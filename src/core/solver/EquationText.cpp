@@ -178,7 +178,7 @@ bool ParseSingleVariableEquation(const QString& text, QString& left, QString& ri
     CollectUnknowns(right, IsReservedEquationWord, setting.variables, names);
     if (names.size() != 1)
         return false;
-    variable = names.values().constFirst();
+    variable = *names.cbegin();
     return true;
 }
 

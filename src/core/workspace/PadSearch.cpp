@@ -84,7 +84,7 @@ Outcome TermMatches(const QString& text, const QList<TermExpression>& terms)
         matches += *found;
     }
     std::sort(matches.begin(), matches.end());
-    matches.erase(std::unique(matches.begin(), matches.end()), matches.end());
+    matches.resize(std::unique(matches.begin(), matches.end()) - matches.begin());
     return {matches};
 }
 

@@ -47,11 +47,11 @@ QString Now()
 // What stands behind FAIL; nothing: the check is passed.
 using Failure = std::optional<QString>;
 
-const Failure passed;
+constexpr std::nullopt_t passed = std::nullopt;
 
 Failure FailureUnless(bool holds)
 {
-    return holds ? passed : QString();
+    return holds ? Failure() : QString();
 }
 
 Failure FailureOf(const QString& reason)
@@ -199,7 +199,7 @@ void RunOstrellStorageDiagnostics(QWidget* parent)
     auto* box = ReportBox(report);
     auto* copy = new QPushButton(u"Copy Full Report"_s);
     auto* close = new QPushButton(u"Close"_s);
-    QObject::connect(copy, &QPushButton::clicked, &dialog, [&] { QGuiApplication::clipboard()->setText(report); });
+    QObject::connect(copy, &QPushButton::clicked, &dialog, [report] { QGuiApplication::clipboard()->setText(report); });
     QObject::connect(close, &QPushButton::clicked, &dialog, &QDialog::reject);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
