@@ -178,7 +178,8 @@ bool ParseSingleVariableEquation(const QString& text, QString& left, QString& ri
     CollectUnknowns(right, IsReservedEquationWord, setting.variables, names);
     if (names.size() != 1)
         return false;
-    variable = *names.cbegin();
+    for (const QString& only : std::as_const(names))
+        variable = only;
     return true;
 }
 
