@@ -81,8 +81,12 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::ContextMenu &&
         rooms->menus.ShowContextMenu(watched, *static_cast<QContextMenuEvent*>(event)))
         return true;
-    if (watched == ui->Text1 && event->type() == QEvent::InputMethod)
-        return SaysNothing(*static_cast<QInputMethodEvent*>(event), ui->Text1->textCursor());
+    if (watched == ui->Text1 && event->type() == QEvent::InputMethod) {
+        const auto& input = *static_cast<QInputMethodEvent*>(event);
+        if (!input.commitString().isEmpty() || input.replacementLength() > 0)
+            TakeUndoInsertion(rooms->undo);
+        return SaysNothing(input, ui->Text1->textCursor());
+    }
     if (watched == ui->Text1 && event->type() == QEvent::KeyPress) {
         const auto& key = *static_cast<QKeyEvent*>(event);
         if (TakeUndoKey(key, rooms->undo))

@@ -36,6 +36,7 @@ Rooms::Rooms(MainWindow& window, Ui::MainWindow& form, const QElapsedTimer& upti
       predictiveText(window, pad, *form.actionPredictive_Text_Complete, calculator, activity, undo),
       syntaxHint(pad, *form.actionSyntax_Help, calculator, activity)
 {
+    form.Text1->beforeInsertion = [this] { TakeUndoInsertion(undo); };
     information.undoStates = [this] { return undo.UndoCount(); };
     information.redoStates = [this] { return undo.RedoCount(); };
 }

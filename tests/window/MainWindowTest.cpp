@@ -1,10 +1,12 @@
 // The window as a whole: its form, its slots, how it starts and how it ends.
 #include "window/TypedWindow.h"
 
+#include <QClipboard>
 #include <QDateTime>
 #include <QDir>
 #include <QFrame>
 #include <QMetaMethod>
+#include <QMimeData>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -27,6 +29,7 @@ private slots:
     void SettingsComeBack();
     void SettingsAreReadKeyByKey();
     void AnInputMethodWithNothingToSayChangesNothing();
+    void AnEmptyClipboardIsPastedAsNothing();
 
 private:
     QString DataFile(const QString& name) { return QDir(home->path()).filePath("MainWindowTest/" + name); }
@@ -241,6 +244,15 @@ void MainWindowTest::AnInputMethodWithNothingToSayChangesNothing()
     QCoreApplication::sendEvent(typed.pad(), &given);
     QCOMPARE(typed.pad()->toPlainText(), "1+1\n2\n2+2");
     QCOMPARE(typed.Label(), "2+2 = 4");
+}
+
+void MainWindowTest::AnEmptyClipboardIsPastedAsNothing()
+{
+    TypedWindow typed;
+    QGuiApplication::clipboard()->setMimeData(new QMimeData);
+    typed.Press("Ctrl+V");
+    typed.Action("actionPaste")->trigger();
+    QCOMPARE(typed.Markup(), QString());
 }
 
 QTEST_MAIN(MainWindowTest)

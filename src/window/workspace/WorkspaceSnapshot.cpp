@@ -195,8 +195,14 @@ bool TakeUndoKey(const QKeyEvent& key, UndoHistory& history)
         if (!history.IsBusy())
             history.BeginFinalUndoEdit();
         history.CloseUndoEditTransaction();
-    } else if (!history.IsBusy() && MayEdit(key)) {
-        history.BeginUndoEditTransaction();
+    } else if (MayEdit(key)) {
+        TakeUndoInsertion(history);
     }
     return false;
+}
+
+void TakeUndoInsertion(UndoHistory& history)
+{
+    if (!history.IsBusy())
+        history.BeginUndoEditTransaction();
 }

@@ -47,3 +47,6 @@ private:
 ///
 /// @return whether the key is done with
 bool TakeUndoKey(const QKeyEvent& key, UndoHistory& history);
+
+/// Text is about to come into the pad, by a key, an input method or the mouse: a state is taken.
+void TakeUndoInsertion(UndoHistory& history);

@@ -143,6 +143,7 @@ private slots:
     void StepsAndNewDocument();
     void RandomWork_data();
     void RandomWork();
+    void TextThatComesWithoutAKey();
     void OneLineOfABigPad();
 
 private:
@@ -291,6 +292,25 @@ void WorkspaceUndoTest::RandomWork()
     QCOMPARE(Difference(typed.State(), first), QString());
     QCOMPARE(typed.StepsForth(), states.size() - 1);
     QCOMPARE(Difference(typed.State(), last), QString());
+}
+
+// By the mouse's middle button, say, or a dead key.
+void WorkspaceUndoTest::TextThatComesWithoutAKey()
+{
+    UndoneWindow typed;
+    typed.Do("1\n");
+    typed.Do("@Ctrl+Z"); // what could be redone is lost by it
+    QGuiApplication::clipboard()->setText("pasted");
+    typed.pad()->paste();
+    QCOMPARE(typed.StepsForth(), 0);
+    typed.Do("@Ctrl+Z");
+    QCOMPARE(typed.Markup(), QString());
+    QInputMethodEvent given;
+    given.setCommitString("\u00e9");
+    QCoreApplication::sendEvent(typed.pad(), &given);
+    QCOMPARE(typed.Markup(), "\u00e9");
+    QCOMPARE(typed.StepsBack(), 1);
+    QCOMPARE(typed.Markup(), QString());
 }
 
 // An undo that writes the whole pad anew takes seconds here.
