@@ -45,7 +45,7 @@ constexpr const char* reservedEquationWords[] = {
     "OVER", "POWER", "EXPONENT", "POSITIVE",
 };
 // clang-format on
-static_assert(std::size(reservedEquationWords) == 118);
+static_assert(std::size(reservedEquationWords) == 118, "a word has come or gone: is that meant? Mend the number.");
 
 bool IsReservedEquationWord(const QString& upperName)
 {
