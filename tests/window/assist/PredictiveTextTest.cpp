@@ -1,10 +1,10 @@
 // The list of names in the real window: the keys that steer it, what accepting a name leaves, and when it goes away.
 #include "window/assist/PredictiveText.h"
+#include "window/DataHome.h"
 #include "window/TypedWindow.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -22,7 +22,6 @@ class PredictiveTextTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void KeysLeaveThePad_data();
     void KeysLeaveThePad();
     void ArrowsWalkAroundTheList();
@@ -40,13 +39,8 @@ private slots:
     void InsideTheWindow();
 
 private:
-    QTemporaryDir home;
+    DataHome home;
 };
-
-void PredictiveTextTest::initTestCase()
-{
-    qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
-}
 
 // What is typed, the keys after it and the pad's text then, "|" being the cursor.
 void PredictiveTextTest::KeysLeaveThePad_data()

@@ -1,5 +1,6 @@
 // What the menus do beside their texts: enabled states, the context menu, and a bulk run seen from outside while it
 // runs.
+#include "window/DataHome.h"
 #include "window/TypedWindow.h"
 #include "window/pad/BulkRun.h"
 #include "window/pad/Pad.h"
@@ -9,7 +10,6 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMenu>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include <ctime>
@@ -18,7 +18,6 @@ class MenusTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void EnabledByTheCursor();
     void CheckMarkOfTheWindow();
     void CutAndPaste();
@@ -34,14 +33,8 @@ private slots:
     void BulkGrowsWithItsLines();
 
 private:
-    QTemporaryDir home;
+    DataHome home;
 };
-
-void MenusTest::initTestCase()
-{
-    QVERIFY(home.isValid());
-    qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
-}
 
 void MenusTest::EnabledByTheCursor()
 {
