@@ -18,6 +18,7 @@ private slots:
     void SavesOnlyOnRequest();
     void Read_data();
     void Read();
+    void FunctionsAreReadOneByOne();
     void DamageEndsNothing();
     void KeysOfOthersStay();
     void ForOwnerAlone();
@@ -101,6 +102,16 @@ void SettingsTest::Read()
     TypedWindow typed;
     QVERIFY(typed.Action(checked)->isChecked());
     QVERIFY(!typed.Action(notChecked)->isChecked());
+}
+
+void SettingsTest::FunctionsAreReadOneByOne()
+{
+    Write(home->SettingsPath(), "[General]\nFormat=0.0\nWindowGeometry=nonsense\n"
+                                "[CustomFunctions]\nsize=99999999\n1\\Name=SIN\n1\\Expression=1\n"
+                                "2\\Name=TWICE\n2\\Parameters=X\n2\\Expression=2*X\n");
+    TypedWindow typed;
+    typed.TypeLine("TWICE(8) + SIN(0)");
+    QCOMPARE(typed.Label(), "Value = 16.0");
 }
 
 // A saved file with one of its bytes changed: it is read, and it is mended by the next saving.
