@@ -49,7 +49,6 @@ private slots:
     void TextOfOthersIsPlain();
     void Destination_data();
     void Destination();
-    void StaysOnTheScreen_data();
     void StaysOnTheScreen();
     void KeysAlone();
 
@@ -149,75 +148,66 @@ void UpdateWindowTest::TextOfOthersIsPlain()
 void UpdateWindowTest::Destination_data()
 {
     QTest::addColumn<ReleaseComparison>("comparison");
-    QTest::addColumn<QString>("upgradeUrl");
-    QTest::addColumn<QString>("downloadUrl");
-    QTest::addColumn<QString>("detailsUrl");
-    QTest::addColumn<QString>("opens"); // empty: nothing
+    QTest::addColumn<QStringList>("urls"); // of the upgrade, the download, the details
+    QTest::addColumn<QString>("opens");    // empty: nothing
+    using Urls = QStringList;
     const QString a = "https://a.example/";
     const QString b = "http://b.example/?x=1";
     const QString c = "https://c.example/";
     // clang-format off
-    QTest::newRow("a major release has its page")      << major << a               << b               << c                 << a;
-    QTest::newRow("a minor release has another")       << minor << a               << b               << c                 << b;
-    QTest::newRow("blanks around it")                  << major << " " + a + "\n"  << b               << c                 << a;
-    QTest::newRow("a missing one has a fallback")      << major << ""              << b               << c                 << c;
-    QTest::newRow("a blank one too")                   << minor << a               << "  "            << " " + c           << c;
-    QTest::newRow("a bad one has none")                << minor << a               << "file:///etc"   << c                 << "";
-    QTest::newRow("nor has a word")                    << major << "upgrade"       << b               << c                 << "";
-    QTest::newRow("a program is not run")              << major << ""              << b               << "javascript:a()"  << "";
-    QTest::newRow("nothing anywhere")                  << major << ""              << ""              << ""                << "";
+    QTest::newRow("a major release has its page")     << major << Urls{a, b, c}                    << a;
+    QTest::newRow("a minor release has another")      << minor << Urls{a, b, c}                    << b;
+    QTest::newRow("blanks around it")                 << major << Urls{" " + a + "\n", b, c}       << a;
+    QTest::newRow("a missing one has a fallback")     << major << Urls{"", b, c}                   << c;
+    QTest::newRow("a blank one too")                  << minor << Urls{a, "  ", " " + c}           << c;
+    QTest::newRow("a bad one has none")               << minor << Urls{a, "file:///etc", c}        << "";
+    QTest::newRow("nor has a word")                   << major << Urls{"upgrade", b, c}            << "";
+    QTest::newRow("a program is not run")             << major << Urls{"", b, "javascript:a()"}    << "";
+    QTest::newRow("nothing anywhere")                 << major << Urls{"", "", ""}                 << "";
     // clang-format on
 }
 
 void UpdateWindowTest::Destination()
 {
     QFETCH(ReleaseComparison, comparison);
-    QFETCH(QString, upgradeUrl);
-    QFETCH(QString, downloadUrl);
-    QFETCH(QString, detailsUrl);
+    QFETCH(QStringList, urls);
     QFETCH(QString, opens);
     ReleaseMetadata release = Release();
-    release.upgradeUrl = upgradeUrl;
-    release.downloadUrl = downloadUrl;
-    release.detailsUrl = detailsUrl;
+    release.upgradeUrl = urls[0];
+    release.downloadUrl = urls[1];
+    release.detailsUrl = urls[2];
     UpdateWindow window(nullptr);
     window.SetReleaseState(true, release, comparison);
     Button(window, "updateButton")->click();
     QCOMPARE(opened, opens.isEmpty() ? QStringList() : QStringList(opens));
 }
 
-void UpdateWindowTest::StaysOnTheScreen_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::newRow("many lines") << QString("line\n").repeated(9000);
-    QTest::newRow("a long line") << QString("word ").repeated(9000);
-    QTest::newRow("a long word") << QString("word").repeated(11000);
-}
-
 void UpdateWindowTest::StaysOnTheScreen()
 {
-    QFETCH(QString, text);
-    ReleaseMetadata release = Release();
-    release.message = text;
-    release.upgradePrice = text.left(10000);
-    release.currentVersion = text.left(5000);
-    UpdateWindow window(nullptr);
-    window.SetReleaseState(true, release, major);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    const QSize screen = window.screen()->availableSize();
-    QVERIFY(window.width() < screen.width() && window.height() < screen.height());
-    window.SetReleaseState(false, release, major);
-    window.SetReleaseState(true, release, major);
-    QCoreApplication::processEvents();
-    QVERIFY(window.width() < screen.width() && window.height() < screen.height());
+    for (const QString& word : {QString("line\n"), QString("word "), QString("word")}) {
+        const QString text = word.repeated(10000);
+        ReleaseMetadata release = Release();
+        release.message = text;
+        release.upgradePrice = text.left(10000);
+        release.currentVersion = text.left(5000);
+        UpdateWindow window(nullptr);
+        window.SetReleaseState(true, release, major);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        const QSize screen = window.screen()->availableSize();
+        QVERIFY(window.width() < screen.width() && window.height() < screen.height());
+        window.SetReleaseState(false, release, major);
+        window.SetReleaseState(true, release, major);
+        QCoreApplication::processEvents();
+        QVERIFY(window.width() < screen.width() && window.height() < screen.height());
 
-    window.resize(window.minimumSizeHint());
-    QVERIFY(window.width() < 400 && window.height() < 300);
-    const QRect inside = window.rect();
-    for (const char* name : {"updateButton", "closeButton"})
-        QVERIFY(inside.contains(Button(window, name)->geometry()));
-    QVERIFY(window.findChild<QScrollArea*>()->verticalScrollBar()->maximum() > 0);
+        window.resize(window.minimumSizeHint());
+        QVERIFY(window.width() < 400 && window.height() < 300);
+        const QRect inside = window.rect();
+        for (const char* name : {"updateButton", "closeButton"})
+            QVERIFY(inside.contains(Button(window, name)->geometry()));
+        QVERIFY(window.findChild<QScrollArea*>()->verticalScrollBar()->maximum() > 0);
+    }
 }
 
 void UpdateWindowTest::KeysAlone()

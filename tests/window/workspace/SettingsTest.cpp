@@ -22,7 +22,6 @@ private slots:
     void DamageEndsNothing();
     void KeysOfOthersStay();
     void ForOwnerAlone();
-    void FullDiskKeepsOldFile_data();
     void FullDiskKeepsOldFile();
 
 private:
@@ -164,29 +163,23 @@ void SettingsTest::ForOwnerAlone()
     QCOMPARE(files, QStringList("Quellbrook.ini"));
 }
 
-void SettingsTest::FullDiskKeepsOldFile_data()
-{
-    QTest::addColumn<int>("bytes");
-    QTest::newRow("nothing fits") << 0;
-    QTest::newRow("the old file fits") << 60;
-    QTest::newRow("nearly all fits") << 500;
-}
-
 void SettingsTest::FullDiskKeepsOldFile()
 {
-    QFETCH(int, bytes);
     const QByteArray old = "[General]\nFormat=0.00\n\n[Updates]\nDismissedRelease=1.2.3\n";
-    Write(home->SettingsPath(), old);
-    TypedWindow typed;
-    {
-        const FullDisk full(bytes);
+    for (const int bytes : {0, 60, 500}) { // room for nothing, for the old file, for nearly all of the new one
+        Write(home->SettingsPath(), old);
+        TypedWindow typed;
+        {
+            const FullDisk full(bytes);
+            typed.window.SaveSettings();
+            QVERIFY(
+                !ChangeSettingsFile([](QSettings& settings) { settings.setValue("Updates/Seen", QString(900, 'x')); }));
+        }
+        QCOMPARE(Contents(home->SettingsPath()), old);
+        QCOMPARE(typed.Label(), "Settings Saved");
         typed.window.SaveSettings();
-        QVERIFY(!ChangeSettingsFile([](QSettings& settings) { settings.setValue("Updates/Seen", QString(900, 'x')); }));
+        QVERIFY(Contents(home->SettingsPath()).contains("WindowGeometry"));
     }
-    QCOMPARE(Contents(home->SettingsPath()), old);
-    QCOMPARE(typed.Label(), "Settings Saved");
-    typed.window.SaveSettings();
-    QVERIFY(Contents(home->SettingsPath()).contains("WindowGeometry"));
 }
 
 QTEST_MAIN(SettingsTest)
