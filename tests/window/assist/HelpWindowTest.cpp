@@ -90,7 +90,6 @@ private slots:
     void Filter_data();
     void Filter();
     void FilteredOutPageIsShown();
-    void Layout_data();
     void Layout();
     void RulesStayOneLine();
     void PlaceInTheText();
@@ -333,32 +332,32 @@ void HelpWindowTest::FilteredOutPageIsShown()
     QCOMPARE(reader.search()->text(), QString());
 }
 
-void HelpWindowTest::Layout_data()
-{
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<QRect>("search");
-    QTest::addColumn<QRect>("status");
-    QTest::newRow("larger") << QSize(900, 700) << QRect(40, 676, 526, 21) << QRect(575, 676, 251, 21);
-    QTest::newRow("smallest") << QSize(400, 300) << QRect(40, 276, 60, 21) << QRect(75, 276, 251, 21);
-}
-
 void HelpWindowTest::Layout()
 {
-    QFETCH(QSize, size);
     HelpWindow window({}, {}, "the index", "about", "all", nullptr);
     Reader reader(&window);
     QCOMPARE(window.size(), QSize(545, 478));
-    QCOMPARE(window.minimumSize(), QSize(400, 300));
     window.ShowHelp("SPECIAL:INDEX", "");
-    auto* splitter = window.findChild<QSplitter*>();
-    QVERIFY(qAbs(reader.tree()->width() - 170) <= 1); // the splitter's handle takes its share
-    window.resize(size);
-    QVERIFY(qAbs(reader.tree()->width() - 170) <= 1);
-    QCOMPARE(splitter->geometry(), QRect(0, 0, size.width() - 2, size.height() - 28));
-    QCOMPARE(window.findChild<QLabel*>("searchLabel")->pos(), QPoint(5, size.height() - 18));
-    QTEST(reader.search()->geometry(), "search");
-    QTEST(window.findChild<QLabel*>("statusLabel")->geometry(), "status");
-    QCOMPARE(window.findChild<QPushButton*>()->geometry(), QRect(size.width() - 69, size.height() - 23, 65, 20));
+    const struct {
+        QSize size; // the smallest last
+        QRect search;
+        QRect status;
+    } rows[] = {
+        {{545, 478}, {40, 454, 171, 21}, {220, 454, 251, 21}},
+        {{900, 700}, {40, 676, 526, 21}, {575, 676, 251, 21}},
+        {{400, 300}, {40, 276, 60, 21}, {75, 276, 251, 21}},
+    };
+    for (const auto& [size, search, status] : rows) {
+        window.resize(size);
+        QVERIFY(qAbs(reader.tree()->width() - 170) <= 1); // the splitter's handle takes its share
+        const QRect panes = window.findChild<QSplitter*>()->geometry();
+        QCOMPARE(panes, QRect(0, 0, size.width() - 2, size.height() - 28));
+        QCOMPARE(reader.search()->geometry(), search);
+        QCOMPARE(window.findChild<QLabel*>("statusLabel")->geometry(), status);
+        QCOMPARE(window.findChild<QLabel*>("searchLabel")->pos(), QPoint(5, size.height() - 18));
+        QCOMPARE(window.findChild<QPushButton*>()->geometry(), QRect(size.width() - 69, size.height() - 23, 65, 20));
+    }
+    QCOMPARE(window.minimumSize(), QSize(400, 300));
 }
 
 // Whatever the width, with and without a scroll bar, at first sight and after a change.

@@ -141,6 +141,7 @@ void CalculationLogTest::FullDiskTearsNoLaterEntry()
 void CalculationLogTest::OlderInstallation()
 {
     const QString old = QDir(QCoreApplication::applicationDirPath()).filePath("Quellbrook.log");
+    const auto remove = qScopeGuard([&] { QFile::remove(old); });
     Write(old, "old\n");
     QFile::setPermissions(old, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
     TypedWindow().window.close();
@@ -149,7 +150,6 @@ void CalculationLogTest::OlderInstallation()
     Write(old, "newer\n");
     TypedWindow().window.close();
     QCOMPARE(Log(*home), "old\n@\n\n@\n\n");
-    QVERIFY(QFile::remove(old));
 }
 
 QTEST_MAIN(CalculationLogTest)
