@@ -1,9 +1,9 @@
 // The syntax hint in the real window: what it says of the line, where it stands, and when it goes away.
 #include "window/assist/SyntaxHint.h"
+#include "window/DataHome.h"
 #include "window/TypedWindow.h"
 
 #include <QScrollBar>
-#include <QTemporaryDir>
 #include <QTimer>
 
 namespace {
@@ -19,7 +19,6 @@ class SyntaxHintTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void Positions_data();
     void Positions();
     void ItFollowsTheLine();
@@ -31,13 +30,8 @@ private slots:
     void ItCanBeSwitched();
 
 private:
-    QTemporaryDir home;
+    DataHome home;
 };
-
-void SyntaxHintTest::initTestCase()
-{
-    qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
-}
 
 void SyntaxHintTest::Positions_data()
 {

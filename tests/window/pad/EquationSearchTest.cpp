@@ -1,8 +1,8 @@
 // A search without an end in the real window: it shows that it lives, and any edit of the pad stops it.
+#include "window/DataHome.h"
 #include "window/TypedWindow.h"
 
 #include <QElapsedTimer>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -10,7 +10,6 @@ class EquationSearchTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void TypingStopsIt();
     void AnEnterThatStopsItIsTakenUpByTheNextChange();
     void MenusAndUndoStandAside();
@@ -18,13 +17,8 @@ private slots:
     void ClosingTheWindowStopsIt();
 
 private:
-    QTemporaryDir home;
+    DataHome home;
 };
-
-void EquationSearchTest::initTestCase()
-{
-    qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
-}
 
 void EquationSearchTest::TypingStopsIt()
 {
@@ -99,9 +93,7 @@ void EquationSearchTest::ClosingTheWindowStopsIt()
     QTimer::singleShot(250, this, [&] { typed.window.close(); });
     typed.TypeLine("X^2 = -1");
     QVERIFY(!typed.window.isVisible());
-    QFile log(home.path() + "/EquationSearchTest/Quellbrook.log");
-    QVERIFY(log.open(QIODevice::ReadOnly));
-    QVERIFY(log.readAll().contains("X^2 = -1"));
+    QVERIFY(Contents(home.LogPath()).contains("X^2 = -1"));
 }
 
 QTEST_MAIN(EquationSearchTest)

@@ -4,12 +4,12 @@
 // A line of the sheet is an entry as the user reads it, two blanks for each menu that it stands in, "---" a separator.
 // Behind the text come "(hidden)" for what nobody sees, "(operation)" for what does more than write into the pad and is
 // tested elsewhere, and "-> inserts", "-> runs" or "-> prepares" with the words. Below "(in no menu)" stand names.
+#include "window/DataHome.h"
 #include "window/TypedWindow.h"
 
 #include <QMenu>
 #include <QMenuBar>
 #include <QSet>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -50,14 +50,12 @@ class MenuTreeTest : public QObject {
 private slots:
     void initTestCase();
     void Tree();
-    void Totals();
-    void NoShortcutTwice();
     void Shortcuts();
 
 private:
     QStringList Entries(TypedWindow& typed, const QList<QAction*>& actions, int depth);
 
-    QTemporaryDir home;
+    DataHome home;
     QStringList sheet;
     QSet<QString> operations; // as they stand in the sheet
     QSet<QAction*> seen;
@@ -65,8 +63,6 @@ private:
 
 void MenuTreeTest::initTestCase()
 {
-    QVERIFY(home.isValid());
-    qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
     QFile file(QFINDTESTDATA("menus/tree.txt"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     sheet = QString::fromUtf8(file.readAll()).trimmed().split('\n');
@@ -107,37 +103,6 @@ void MenuTreeTest::Tree()
     for (int i = 0; i < sheet.size(); ++i)
         QCOMPARE(entries.value(i), sheet[i]);
     QCOMPARE(entries.size(), sheet.size());
-}
-
-void MenuTreeTest::Totals()
-{
-    TypedWindow typed;
-    QSet<QString> names;
-    for (const QAction* action : typed.window.findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly)) {
-        if (action->objectName().startsWith("action"))
-            names.insert(action->objectName());
-    }
-    QCOMPARE(names.size(), 407);
-    QSet<QString> menus;
-    for (const QMenu* menu : typed.window.findChildren<QMenu*>()) {
-        if (menu->objectName().startsWith("menu"))
-            menus.insert(menu->objectName());
-    }
-    QCOMPARE(menus.size(), 72);
-    QVERIFY(typed.Action("actionUse_Word_Oporators"));
-    QCOMPARE(typed.Action("actionHelpMathTAX")->text(), "Tax (TAX)");
-}
-
-void MenuTreeTest::NoShortcutTwice()
-{
-    TypedWindow typed;
-    QHash<QKeySequence, QString> owners;
-    for (const QAction* action : typed.window.findChildren<QAction*>()) {
-        for (const QKeySequence& keys : action->shortcuts()) {
-            QVERIFY2(!owners.contains(keys), qPrintable(keys.toString() + ' ' + action->objectName() + owners[keys]));
-            owners.insert(keys, action->objectName());
-        }
-    }
 }
 
 void MenuTreeTest::Shortcuts()

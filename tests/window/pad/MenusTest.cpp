@@ -1,5 +1,6 @@
 // What the menus do beside their texts: enabled states, the context menu, and a bulk run seen from outside while it
 // runs.
+#include "window/DataHome.h"
 #include "window/TypedWindow.h"
 #include "window/pad/BulkRun.h"
 #include "window/pad/Pad.h"
@@ -9,7 +10,6 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMenu>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include <ctime>
@@ -18,7 +18,6 @@ class MenusTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void EnabledByTheCursor();
     void CheckMarkOfTheWindow();
     void CutAndPaste();
@@ -29,19 +28,12 @@ private slots:
     void LineEnds();
     void BulkProgress();
     void BulkWaitsItsTurn();
-    void BulkIsOneUndoStep();
     void MenusWaitForBulk();
     void BulkGrowsWithItsLines();
 
 private:
-    QTemporaryDir home;
+    DataHome home;
 };
-
-void MenusTest::initTestCase()
-{
-    QVERIFY(home.isValid());
-    qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
-}
 
 void MenusTest::EnabledByTheCursor()
 {
@@ -213,7 +205,12 @@ void MenusTest::BulkProgress()
 void MenusTest::BulkWaitsItsTurn()
 {
     int entered = 0;
-    Bench bench([&entered](int) { ++entered; });
+    int undoSteps = 0;
+    Bench bench([&](int) {
+        QVERIFY(bench.activity.commandBusy);
+        ++entered;
+    });
+    bench.hooks.takeUndoStep = [&undoSteps] { ++undoSteps; };
     for (bool PadActivity::*flag : {&PadActivity::commandBusy, &PadActivity::equationSolveActive}) {
         bench.label.clear();
         bench.activity.*flag = true;
@@ -223,20 +220,13 @@ void MenusTest::BulkWaitsItsTurn()
         bench.activity.*flag = false;
     }
     QCOMPARE(entered, 0);
+    QCOMPARE(undoSteps, 0);
     bench.bulk.ExecuteSelectedLines();
     QCOMPARE(entered, 3);
-}
-
-void MenusTest::BulkIsOneUndoStep()
-{
-    int steps = 0;
-    Bench bench([&](int) { QVERIFY(bench.activity.commandBusy); });
-    bench.hooks.takeUndoStep = [&steps] { ++steps; };
+    QCOMPARE(undoSteps, 1);
+    bench.editor.moveCursor(QTextCursor::End); // nothing is selected
     bench.bulk.ExecuteSelectedLines();
-    QCOMPARE(steps, 1);
-    bench.editor.moveCursor(QTextCursor::End);
-    bench.bulk.ExecuteSelectedLines();
-    QCOMPARE(steps, 1);
+    QCOMPARE(undoSteps, 1);
 }
 
 void MenusTest::MenusWaitForBulk()

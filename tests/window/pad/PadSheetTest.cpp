@@ -4,30 +4,22 @@
 // types without Enter, "@ key" presses one key, "! action" triggers an action of the window, "~ text" is what the label
 // says now. "| line" are the pad's lines at the end, bold runs between <b> and </b>; a case without them does not look
 // at the pad.
+#include "window/DataHome.h"
 #include "window/TypedWindow.h"
 
 #include <QDir>
-#include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QTest>
 
 class PadSheetTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void Sheet_data();
     void Sheet();
 
 private:
-    QTemporaryDir home;
+    DataHome home;
 };
-
-void PadSheetTest::initTestCase()
-{
-    QVERIFY(home.isValid());
-    qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
-}
 
 void PadSheetTest::Sheet_data()
 {

@@ -8,17 +8,22 @@
 #include <QTest>
 
 #include <memory>
+#include <vector>
 
 using namespace ReleaseDesk;
 
 namespace {
 
-// What a check has come to.
-struct Outcome {
-    int calls = 0;
-    int result = -1;
-    int comparison = -1;
-    ReleaseMetadata metadata;
+constexpr int failed = 3;
+constexpr int atLeastASecond = 0;
+constexpr int longEnough = 60000; // milliseconds
+
+// A check and what it has come to.
+struct Check {
+    explicit Check(const QUrl& url, int timeout = longEnough)
+    {
+        CheckForReleaseAsync(parent.get(), url, Callback(), timeout);
+    }
 
     ReleaseCallback Callback()
     {
@@ -29,6 +34,12 @@ struct Outcome {
             metadata = m;
         };
     }
+
+    int calls = 0;
+    int result = -1;
+    int comparison = -1;
+    ReleaseMetadata metadata;
+    std::unique_ptr<QObject> parent = std::make_unique<QObject>();
 };
 
 QByteArray Release(const QString& version)
@@ -45,10 +56,6 @@ QByteArray Chunked(const QByteArray& body)
            chunk("");
 }
 
-constexpr int failed = 3;
-constexpr int atLeastASecond = 0;
-constexpr int longEnough = 60000; // milliseconds
-
 } // namespace
 
 class ReleaseCheckTest : public QObject {
@@ -61,10 +68,8 @@ private slots:
     void Redirected_data();
     void Redirected();
     void Request();
-    void TimesOut_data();
     void TimesOut();
     void NobodyListens();
-    void FailsAtOnce_data();
     void FailsAtOnce();
     void NothingToDo();
     void ParentGoes();
@@ -110,16 +115,14 @@ void ReleaseCheckTest::Answer()
     QFETCH(QByteArray, answer);
     ReleaseServer server;
     server.answers["/release.json"] = answer;
-    QObject parent;
-    Outcome outcome;
-    CheckForReleaseAsync(&parent, server.Url(), outcome.Callback(), longEnough);
-    QCOMPARE(outcome.calls, 0);
-    QTRY_COMPARE(outcome.calls, 1);
-    QTEST(outcome.result, "result");
-    QTEST(outcome.comparison, "comparison");
-    QCOMPARE(outcome.metadata.currentVersion.isEmpty(), outcome.result == failed);
-    QTRY_VERIFY(parent.children().isEmpty());
-    QCOMPARE(outcome.calls, 1);
+    Check check(server.Url());
+    QCOMPARE(check.calls, 0);
+    QTRY_COMPARE(check.calls, 1);
+    QTEST(check.result, "result");
+    QTEST(check.comparison, "comparison");
+    QCOMPARE(check.metadata.currentVersion.isEmpty(), check.result == failed);
+    QTRY_VERIFY(check.parent->children().isEmpty());
+    QCOMPARE(check.calls, 1);
     QVERIFY(!QApplication::activeModalWidget());
 }
 
@@ -156,12 +159,10 @@ void ReleaseCheckTest::Redirected()
     }
     if (!server.answers.contains(path))
         server.answers[path] = Ok(Release("2.0.0"));
-    QObject parent;
-    Outcome outcome;
-    CheckForReleaseAsync(&parent, server.Url(), outcome.Callback(), longEnough);
-    QTRY_COMPARE(outcome.calls, 1);
-    QTEST(outcome.result, "result");
-    QTRY_VERIFY(parent.children().isEmpty());
+    Check check(server.Url());
+    QTRY_COMPARE(check.calls, 1);
+    QTEST(check.result, "result");
+    QTRY_VERIFY(check.parent->children().isEmpty());
     QTEST(static_cast<int>(server.requests.size()), "requests");
 }
 
@@ -170,92 +171,67 @@ void ReleaseCheckTest::Request()
     ReleaseServer server;
     server.answers["/release.json"] = Redirection(server.Url("/again"));
     server.answers["/again"] = Ok(Release("2.0.0"));
-    QObject parent;
-    Outcome outcome;
-    CheckForReleaseAsync(&parent, server.Url(), outcome.Callback(), longEnough);
-    QTRY_COMPARE(outcome.calls, 1);
+    Check check(server.Url());
+    QTRY_COMPARE(check.calls, 1);
     QCOMPARE(server.requests.size(), 2);
     for (const QByteArray& request : server.requests) {
         QVERIFY2(request.startsWith("GET /"), request.constData());
         QVERIFY2(request.contains("\r\nUser-Agent: Ostrellworks/1.0.0 (quellbrook-desktop)\r\n"), request.constData());
-        QVERIFY2(!request.toLower().contains("cookie"), request.constData());
-        QVERIFY2(!request.toLower().contains("authorization"), request.constData());
-        QVERIFY2(!request.toLower().contains("gzip"), request.constData());
         QVERIFY2(request.contains("\r\nAccept-Language: *\r\n"), request.constData());
+        for (const char* word : {"cookie", "authorization", "gzip"})
+            QVERIFY2(!request.toLower().contains(word), request.constData());
     }
-}
-
-void ReleaseCheckTest::TimesOut_data()
-{
-    QTest::addColumn<QByteArray>("begins");
-    QTest::newRow("no answer") << QByteArray();
-    QTest::newRow("a header that does not end") << QByteArray("HTTP/1.1 200 OK\r\n");
-    QTest::newRow("a body that does not end") << QByteArray("HTTP/1.1 200 OK\r\n\r\n");
 }
 
 // However much comes meanwhile.
 void ReleaseCheckTest::TimesOut()
 {
-    QFETCH(QByteArray, begins);
-    ReleaseServer server;
-    if (!begins.isEmpty()) {
-        server.answers["/release.json"] = begins;
-        server.endless = "\r\n X: y";
+    // Nothing, or a header or a body that does not end.
+    for (const QByteArray begins : {"", "HTTP/1.1 200 OK\r\n", "HTTP/1.1 200 OK\r\n\r\n"}) {
+        ReleaseServer server;
+        if (!begins.isEmpty()) {
+            server.answers["/release.json"] = begins;
+            server.endless = "\r\n X: y";
+        }
+        Check check(server.Url(), atLeastASecond);
+        QTRY_COMPARE(server.requests.size(), 1);
+        QCOMPARE(check.calls, 0);
+        QTRY_COMPARE(check.calls, 1);
+        QCOMPARE(check.result, failed);
+        QTRY_COMPARE(server.Connections(), 0);
+        QTRY_VERIFY(check.parent->children().isEmpty());
+        QCOMPARE(check.calls, 1);
     }
-    QObject parent;
-    Outcome outcome;
-    CheckForReleaseAsync(&parent, server.Url(), outcome.Callback(), atLeastASecond);
-    QTRY_COMPARE(server.requests.size(), 1);
-    QCOMPARE(outcome.calls, 0);
-    QTRY_COMPARE(outcome.calls, 1);
-    QCOMPARE(outcome.result, failed);
-    QTRY_COMPARE(server.Connections(), 0);
-    QTRY_VERIFY(parent.children().isEmpty());
-    QCOMPARE(outcome.calls, 1);
 }
 
 void ReleaseCheckTest::NobodyListens()
 {
-    QObject parent;
-    Outcome outcome;
-    CheckForReleaseAsync(&parent, QUrl("http://127.0.0.1:1/release.json"), outcome.Callback(), longEnough);
-    QTRY_COMPARE(outcome.calls, 1);
-    QCOMPARE(outcome.result, failed);
-}
-
-void ReleaseCheckTest::FailsAtOnce_data()
-{
-    QTest::addColumn<QUrl>("url");
-    QTest::newRow("no address") << QUrl();
-    QTest::newRow("no scheme") << QUrl("release.json");
-    QTest::newRow("a file") << QUrl("file:///etc/hostname");
-    QTest::newRow("another protocol") << QUrl("ftp://127.0.0.1/release.json");
-    QTest::newRow("an address that is none") << QUrl("https://127.0.0.1:port/release.json");
+    const Check check(QUrl("http://127.0.0.1:1/release.json"));
+    QTRY_COMPARE(check.calls, 1);
+    QCOMPARE(check.result, failed);
 }
 
 void ReleaseCheckTest::FailsAtOnce()
 {
-    QFETCH(QUrl, url);
-    QObject parent;
-    Outcome outcome;
-    CheckForReleaseAsync(&parent, url, outcome.Callback(), longEnough);
-    QCOMPARE(outcome.calls, 1);
-    QCOMPARE(outcome.result, failed);
-    QVERIFY(parent.children().isEmpty());
+    for (const char* address : {"", "release.json", "file:///etc/hostname", "ftp://127.0.0.1/release.json",
+                                "https://127.0.0.1:port/release.json"}) {
+        const Check check{QUrl(address)};
+        QVERIFY2(check.calls == 1 && check.result == failed, address);
+        QVERIFY(check.parent->children().isEmpty());
+    }
 }
 
 void ReleaseCheckTest::NothingToDo()
 {
-    QObject parent;
-    Outcome outcome;
-    ReleaseServer server;
-    CheckForReleaseAsync(nullptr, server.Url(), outcome.Callback(), longEnough);
-    CheckForReleaseAsync(&parent, server.Url(), {}, longEnough);
+    const ReleaseServer server;
+    Check check(QUrl("file:///etc/hostname")); // has failed at once
+    CheckForReleaseAsync(nullptr, server.Url(), check.Callback(), longEnough);
+    CheckForReleaseAsync(check.parent.get(), server.Url(), {}, longEnough);
     Initialize({}, {}, {});
-    CheckForReleaseAsync(&parent, server.Url(), outcome.Callback(), longEnough);
-    CheckForReleaseAsync(&parent, QUrl(), outcome.Callback(), longEnough);
-    QVERIFY(parent.children().isEmpty());
-    QCOMPARE(outcome.calls, 0);
+    CheckForReleaseAsync(check.parent.get(), server.Url(), check.Callback(), longEnough);
+    CheckForReleaseAsync(check.parent.get(), QUrl(), check.Callback(), longEnough);
+    QVERIFY(check.parent->children().isEmpty());
+    QCOMPARE(check.calls, 1);
 }
 
 void ReleaseCheckTest::ParentGoes()
@@ -267,17 +243,18 @@ void ReleaseCheckTest::ParentGoes()
     };
     const QByteArray answer = Ok(Release("2.0.0"));
     Departure departures[] = {{"", false}, {"", true}, {answer.chopped(20), true}, {answer, true}};
-    Outcome outcome;
+    std::vector<std::unique_ptr<Check>> checks;
     for (Departure& departure : departures) {
-        auto parent = std::make_unique<QObject>();
-        CheckForReleaseAsync(parent.get(), departure.server.Url(), outcome.Callback(), atLeastASecond);
+        checks.push_back(std::make_unique<Check>(departure.server.Url(), atLeastASecond));
         if (departure.connected)
             QTRY_COMPARE(departure.server.requests.size(), 1);
         if (!departure.answer.isEmpty())
             departure.server.AnswerWaiting(departure.answer);
+        checks.back()->parent.reset();
     }
     QTest::qWait(1200); // the time-outs would have come by then
-    QCOMPARE(outcome.calls, 0);
+    for (const auto& check : checks)
+        QCOMPARE(check->calls, 0);
     for (const Departure& departure : departures)
         QTRY_COMPARE(departure.server.Connections(), 0);
 }

@@ -34,7 +34,6 @@ private slots:
     void init() { home = std::make_unique<DataHome>(); }
     void Close_data();
     void Close();
-    void Clear_data();
     void Clear();
     void EndOfSession();
     void ForOwnerAlone();
@@ -73,26 +72,23 @@ void CalculationLogTest::Close()
     QTEST(Log(*home), "log");
 }
 
-void CalculationLogTest::Clear_data()
-{
-    QTest::addColumn<QString>("command");
-    for (const char* command : {"CLR", "cls", "CLEAR"})
-        QTest::newRow(command) << command;
-}
-
 void CalculationLogTest::Clear()
 {
-    QFETCH(QString, command);
     TypedWindow typed;
-    typed.TypeLine(command);
-    QCOMPARE(Log(*home), "@\n" + command + "\n\n");
-    typed.Action("actionSave_Log_On_Clear")->setChecked(false);
-    typed.TypeLine(command);
-    typed.Action("actionClear_Pad")->trigger();
-    QCOMPARE(Log(*home), "@\n" + command + "\n\n");
+    QString log;
+    for (const QString command : {"CLR", "cls", "CLEAR"}) {
+        typed.Action("actionSave_Log_On_Clear")->setChecked(true);
+        typed.TypeLine(command);
+        log += "@\n" + command + "\n\n";
+        QCOMPARE(Log(*home), log);
+        typed.Action("actionSave_Log_On_Clear")->setChecked(false);
+        typed.TypeLine(command);
+        typed.Action("actionClear_Pad")->trigger();
+        QCOMPARE(Log(*home), log);
+    }
     typed.Action("actionSave_Log_On_Clear")->setChecked(true);
     typed.Action("actionClear_Pad")->trigger();
-    QCOMPARE(Log(*home), "@\n" + command + "\n\n@\n\n");
+    QCOMPARE(Log(*home), log + "@\n\n");
 }
 
 void CalculationLogTest::EndOfSession()
@@ -145,6 +141,7 @@ void CalculationLogTest::FullDiskTearsNoLaterEntry()
 void CalculationLogTest::OlderInstallation()
 {
     const QString old = QDir(QCoreApplication::applicationDirPath()).filePath("Quellbrook.log");
+    const auto remove = qScopeGuard([&] { QFile::remove(old); });
     Write(old, "old\n");
     QFile::setPermissions(old, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
     TypedWindow().window.close();
@@ -153,7 +150,6 @@ void CalculationLogTest::OlderInstallation()
     Write(old, "newer\n");
     TypedWindow().window.close();
     QCOMPARE(Log(*home), "old\n@\n\n@\n\n");
-    QVERIFY(QFile::remove(old));
 }
 
 QTEST_MAIN(CalculationLogTest)

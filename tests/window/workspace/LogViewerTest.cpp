@@ -7,12 +7,10 @@
 
 #include <QCheckBox>
 #include <QClipboard>
-#include <QGroupBox>
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QScrollBar>
 
 #include <memory>
@@ -82,13 +80,12 @@ class LogViewerTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void Texts();
     void Open_data();
     void Open();
     void Search_data();
     void Search();
-    void Selection_data();
     void Selection();
+    void SelectedDayStays();
     void Moves();
     void Buttons();
     void LogIsReadAgain();
@@ -100,37 +97,6 @@ private slots:
     void FromTheMenu();
     void KeysAlone();
 };
-
-void LogViewerTest::Texts()
-{
-    Reader reader;
-    QCOMPARE(reader.window.windowTitle(), "Log Viewer");
-    const QMap<QString, QString> texts{{"LabelSearchFor", "Search:"},
-                                       {"ButtonClearSearch", "X"},
-                                       {"ButtonFindNext", "Find Next"},
-                                       {"ButtonFindPrevious", "Find Previous"},
-                                       {"CheckCaseSensitive", "Case Sensitive"},
-                                       {"CheckRegularExpression", "Regular Expression"},
-                                       {"CheckReverseSearch", "Reverse Search"},
-                                       {"RadioStartCursor", "Current Selected Day"},
-                                       {"RadioStartTop", "Newest"},
-                                       {"ButtonSearchHelp", "Search Help..."},
-                                       {"ButtonClose", "Close"},
-                                       {"LabelLogStatus", "Ready"},
-                                       {"ButtonCopyPreview", "Copy Preview"}};
-    for (auto text = texts.begin(); text != texts.end(); ++text) {
-        QWidget* widget = reader.Find<QWidget>(text.key());
-        QVERIFY2(widget, qPrintable(text.key()));
-        QCOMPARE(widget->property("text").toString(), *text);
-        QVERIFY(!widget->property("checkable").toBool() ||
-                widget->property("checked").toBool() == (text.key() == "RadioStartTop"));
-    }
-    QCOMPARE(reader.Find<QGroupBox>("GroupStartFrom")->title(), "Search from");
-    QCOMPARE(reader.search()->placeholderText(), "Search saved log days");
-    QVERIFY(reader.preview()->isReadOnly());
-    for (const QLabel* label : reader.window.findChildren<QLabel*>())
-        QCOMPARE(label->textFormat(), Qt::PlainText);
-}
 
 void LogViewerTest::Open_data()
 {
@@ -156,6 +122,9 @@ void LogViewerTest::Open()
     Reader reader;
     reader.Open(log);
     QVERIFY(reader.window.isVisible());
+    QVERIFY(reader.preview()->isReadOnly());
+    for (const QLabel* label : reader.window.findChildren<QLabel*>())
+        QCOMPARE(label->textFormat(), Qt::PlainText);
     QTEST(reader.Days(), "days");
     QTEST(reader.preview()->toPlainText().toUtf8(), "preview");
     QTEST(reader.Status(), "status");
@@ -220,38 +189,39 @@ void LogViewerTest::Search()
     QCOMPARE(reader.Highlighted(), QStringList());
 }
 
-void LogViewerTest::Selection_data()
-{
-    QTest::addColumn<QString>("start");
-    QTest::addColumn<int>("row"); // selected before the search
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("days");
-    // clang-format off
-    QTest::newRow("from the newest")                  << "RadioStartTop"    << 2 << "mortgage" << "[Sun] Sat";
-    QTest::newRow("from the selected day")            << "RadioStartCursor" << 2 << "mortgage" << "Sun [Sat]";
-    QTest::newRow("from a selected day that is gone") << "RadioStartCursor" << 0 << "mortgage" << "[Sun] Sat";
-    QTest::newRow("from no selected day")             << "RadioStartCursor" << -1 << "mortgage" << "[Sun] Sat";
-    // clang-format on
-}
-
 void LogViewerTest::Selection()
 {
-    QFETCH(QString, start);
-    QFETCH(int, row);
-    QFETCH(QString, text);
+    const struct {
+        const char* start;
+        int selected; // before the search
+        const char* days;
+    } rows[] = {
+        {"RadioStartTop", 2, "[Sun] Sat"},
+        {"RadioStartCursor", 2, "Sun [Sat]"},
+        {"RadioStartCursor", 0, "[Sun] Sat"}, // a day that the search hides
+        {"RadioStartCursor", -1, "[Sun] Sat"},
+    };
+    for (const auto& [start, selected, days] : rows) {
+        Reader reader;
+        reader.Open(threeDays);
+        reader.Click(start);
+        reader.list()->setCurrentRow(selected);
+        reader.search()->setText("mortgage");
+        QCOMPARE(reader.Days(), days);
+    }
+}
+
+// Whatever a search begins with, a selected day stays when the order turns, and the log opens at its newest.
+void LogViewerTest::SelectedDayStays()
+{
     Reader reader;
     reader.Open(threeDays);
-    reader.Find<QRadioButton>(start)->setChecked(true);
-    reader.list()->setCurrentRow(row);
-    reader.search()->setText(text);
-    QTEST(reader.Days(), "days");
-    if (start == "RadioStartCursor") {
-        const QString selected = reader.list()->currentItem()->text();
-        reader.Click("CheckReverseSearch");
-        QCOMPARE(reader.list()->currentItem()->text(), selected);
-        reader.window.OpenLogFile(reader.home.LogPath());
-        QCOMPARE(reader.list()->currentRow(), 0);
-    }
+    reader.Click("RadioStartCursor");
+    reader.list()->setCurrentRow(2);
+    reader.Click("CheckReverseSearch");
+    QCOMPARE(reader.Days(), "[Sat] Sun Mon");
+    reader.window.OpenLogFile(reader.home.LogPath());
+    QCOMPARE(reader.list()->currentRow(), 0);
 }
 
 void LogViewerTest::Moves()
@@ -434,17 +404,6 @@ void LogViewerTest::KeysAlone()
     Reader reader;
     reader.Open(threeDays);
     QTRY_VERIFY(reader.window.isActiveWindow());
-    QStringList order;
-    while (!order.contains("ButtonClose") && order.size() < 20) {
-        QWidget* widget = reader.window.focusWidget();
-        QVERIFY(widget && (!widget->accessibleName().isEmpty() || qobject_cast<QAbstractButton*>(widget)));
-        order << widget->objectName();
-        QTest::keyClick(widget, Qt::Key_Tab);
-    }
-    order.removeIf([](const QString& name) { return name.startsWith("Radio"); }); // Qt says which of the two it is
-    QCOMPARE(order, QStringList({"TextSearch", "ButtonClearSearch", "CheckCaseSensitive", "CheckRegularExpression",
-                                 "CheckReverseSearch", "ButtonFindNext", "ButtonFindPrevious", "ButtonSearchHelp",
-                                 "ListLogDays", "TextLogPreview", "ButtonCopyPreview", "ButtonClose"}));
     QTest::keyClick(reader.list(), Qt::Key_Down);
     QCOMPARE(reader.preview()->toPlainText().toUtf8(), sunday);
     reader.search()->setFocus();
@@ -456,8 +415,6 @@ void LogViewerTest::KeysAlone()
     QTRY_COMPARE(reader.Days(), "[Sun] Sat");
     QTest::keyClick(reader.search(), Qt::Key_F3);
     QTRY_COMPARE(reader.Days(), "Sun [Sat]");
-    QTest::keyClick(reader.search(), Qt::Key_Escape);
-    QVERIFY(!reader.window.isVisible());
 }
 
 QTEST_MAIN(LogViewerTest)

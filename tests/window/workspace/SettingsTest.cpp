@@ -18,10 +18,10 @@ private slots:
     void SavesOnlyOnRequest();
     void Read_data();
     void Read();
+    void FunctionsAreReadOneByOne();
     void DamageEndsNothing();
     void KeysOfOthersStay();
     void ForOwnerAlone();
-    void FullDiskKeepsOldFile_data();
     void FullDiskKeepsOldFile();
 
 private:
@@ -103,6 +103,16 @@ void SettingsTest::Read()
     QVERIFY(!typed.Action(notChecked)->isChecked());
 }
 
+void SettingsTest::FunctionsAreReadOneByOne()
+{
+    Write(home->SettingsPath(), "[General]\nFormat=0.0\nWindowGeometry=nonsense\n"
+                                "[CustomFunctions]\nsize=99999999\n1\\Name=SIN\n1\\Expression=1\n"
+                                "2\\Name=TWICE\n2\\Parameters=X\n2\\Expression=2*X\n");
+    TypedWindow typed;
+    typed.TypeLine("TWICE(8) + SIN(0)");
+    QCOMPARE(typed.Label(), "Value = 16.0");
+}
+
 // A saved file with one of its bytes changed: it is read, and it is mended by the next saving.
 void SettingsTest::DamageEndsNothing()
 {
@@ -153,29 +163,23 @@ void SettingsTest::ForOwnerAlone()
     QCOMPARE(files, QStringList("Quellbrook.ini"));
 }
 
-void SettingsTest::FullDiskKeepsOldFile_data()
-{
-    QTest::addColumn<int>("bytes");
-    QTest::newRow("nothing fits") << 0;
-    QTest::newRow("the old file fits") << 60;
-    QTest::newRow("nearly all fits") << 500;
-}
-
 void SettingsTest::FullDiskKeepsOldFile()
 {
-    QFETCH(int, bytes);
     const QByteArray old = "[General]\nFormat=0.00\n\n[Updates]\nDismissedRelease=1.2.3\n";
-    Write(home->SettingsPath(), old);
-    TypedWindow typed;
-    {
-        const FullDisk full(bytes);
+    for (const int bytes : {0, 60, 500}) { // room for nothing, for the old file, for nearly all of the new one
+        Write(home->SettingsPath(), old);
+        TypedWindow typed;
+        {
+            const FullDisk full(bytes);
+            typed.window.SaveSettings();
+            QVERIFY(
+                !ChangeSettingsFile([](QSettings& settings) { settings.setValue("Updates/Seen", QString(900, 'x')); }));
+        }
+        QCOMPARE(Contents(home->SettingsPath()), old);
+        QCOMPARE(typed.Label(), "Settings Saved");
         typed.window.SaveSettings();
-        QVERIFY(!ChangeSettingsFile([](QSettings& settings) { settings.setValue("Updates/Seen", QString(900, 'x')); }));
+        QVERIFY(Contents(home->SettingsPath()).contains("WindowGeometry"));
     }
-    QCOMPARE(Contents(home->SettingsPath()), old);
-    QCOMPARE(typed.Label(), "Settings Saved");
-    typed.window.SaveSettings();
-    QVERIFY(Contents(home->SettingsPath()).contains("WindowGeometry"));
 }
 
 QTEST_MAIN(SettingsTest)

@@ -1,12 +1,11 @@
 // Undo and redo on the real window, by key events and actions.
+#include "window/DataHome.h"
 #include "window/TypedWindow.h"
 #include "window/workspace/WorkspaceSnapshot.h"
 
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QScrollBar>
-#include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include <bit>
@@ -135,9 +134,6 @@ class WorkspaceUndoTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void Steps_data();
-    void Steps();
     void SelectionAndScrollComeBack();
     void BreaksAndSpacesComeBack();
     void StepsAndNewDocument();
@@ -147,56 +143,8 @@ private slots:
     void OneLineOfABigPad();
 
 private:
-    QTemporaryDir home;
+    DataHome home;
 };
-
-void WorkspaceUndoTest::initTestCase()
-{
-    QVERIFY(home.isValid());
-    qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
-}
-
-void WorkspaceUndoTest::Steps_data()
-{
-    QTest::addColumn<QStringList>("steps");
-    QTest::addColumn<QString>("markup");
-    QTest::addColumn<QString>("label");
-    using Steps = QStringList;
-    const QString undo = "@Ctrl+Z";
-    const QString redo = "@Ctrl+Shift+Z";
-    // clang-format off
-    QTest::newRow("a line and its answer are one step")        << Steps{"1+2\n", "4*5\n", undo} << "1+2\n<b>3</b>\n" << "Value = 3";
-    QTest::newRow("redo brings the answer back")               << Steps{"1+2\n", "4*5\n", undo, redo} << "1+2\n<b>3</b>\n4*5\n<b>20</b>\n" << "Value = 20";
-    QTest::newRow("Enter on an empty pad is a step")           << Steps{"\n\n", undo} << "\n" << "";
-    QTest::newRow("one Enter is one step")                     << Steps{"1\n", "\n", undo, undo} << "" << "";
-    QTest::newRow("moving about does not end a run")           << Steps{"12", "@Backspace", "@Home", "3", undo} << "" << "";
-    QTest::newRow("Tab, Delete and Shift+Enter are edits")     << Steps{"8\n", "@Ctrl+A", "@Delete", undo} << "8\n<b>8</b>\n" << "Value = 8";
-    QTest::newRow("the actions undo as the keys do")           << Steps{"1+2\n", "!actionUndo", "!actionRedo", "!actionUndo"} << "" << "";
-    QTest::newRow("a variable gets its former value")          << Steps{"x=1\n", "x=2\n", undo, "x\n"} << "x=1\n<b>X = 1</b>\nx\n<b>1</b>\n" << "Value = 1";
-    QTest::newRow("ANS gets its former value")                 << Steps{"7\n", "8\n", undo, "ANS\n"} << "7\n<b>7</b>\nANS\n<b>7</b>\n" << "Value = 7";
-    QTest::newRow("a custom function goes again")              << Steps{"CREATE FUNCTION F(A)=A*2\n", undo, "FUNCTIONS\n"} << "FUNCTIONS\n-No Custom Functions-\n" << "Custom functions listed";
-    QTest::newRow("a typed number format is undone")           << Steps{"FORMAT = 0.00\n", undo, "5\n"} << "5\n<b>5</b>\n" << "Value = 5";
-    QTest::newRow("a number format of the menu is not")        << Steps{"1\n", "!actionMoney_0_00", undo, "5\n"} << "5\n<b>$5.00</b>\n" << "Value = $5.00";
-    QTest::newRow("nor is it redone away")                     << Steps{"1\n", undo, "!actionMoney_0_00", redo, "5\n"} << "1\n<b>1</b>\n5\n<b>$5.00</b>\n" << "Value = $5.00";
-    QTest::newRow("word operators of the menu are not undone") << Steps{"1\n", "!actionUse_Word_Oporators", undo, "@Ctrl+A", "@Delete", "2 plus 3\n"} << "2 plus 3\n-Cannot Solve-\n" << "Cannot Solve";
-    QTest::newRow("those that are typed are")                  << Steps{"MENU WORD OPERATORS OFF\n", undo, "2 plus 3\n"} << "2 plus 3\n<b>5</b>\n" << "Value = 5";
-    QTest::newRow("a cleared pad comes back with its weights") << Steps{"x=1\n", "!actionClear_Pad", undo, "x\n"} << "x=1\n<b>X = 1</b>\nx\n<b>1</b>\n" << "Value = 1";
-    QTest::newRow("undo within an answer leaves typing normal")<< Steps{"1\n", "2\n", "@Up", "!actionClear_Pad", undo, undo, "3+4"} << "1\n<b>1</b>\n3+4" << "3+4 = 7";
-    QTest::newRow("a pad cleared in an answer is normal")      << Steps{"1\n", "@Up", "@End", "!actionClear_Pad", "3"} << "3" << "3 = 3";
-    QTest::newRow("what was typed behind an answer is normal") << Steps{"1\n", "+2", undo, redo} << "1\n<b>1</b>+2" << "1+2 = 3";
-    QTest::newRow("an Enter awaited is forgotten")             << Steps{"1\n", undo, "2"} << "2" << "2 = 2";
-    // clang-format on
-}
-
-void WorkspaceUndoTest::Steps()
-{
-    QFETCH(QStringList, steps);
-    UndoneWindow typed;
-    for (const QString& step : steps)
-        typed.Do(step);
-    QTEST(typed.Markup(), "markup");
-    QTEST(typed.Label(), "label");
-}
 
 // The lines are broken on the screen, and the cursor stands in the middle of what is in view.
 void WorkspaceUndoTest::SelectionAndScrollComeBack()
