@@ -1,9 +1,9 @@
 #include "core/assist/Suggestions.h"
+#include "../Table.h"
 
 #include "core/Calculator.h"
 
 #include <QElapsedTimer>
-#include <QTest>
 
 namespace {
 
@@ -25,7 +25,7 @@ class SuggestionsTest : public QObject {
 private slots:
     void init() { options = {}; }
     void Offered_data();
-    void Offered();
+    void Offered() { CheckRow(); }
     void AllThatBeginWithIt();
     void WordOperatorsAreOfferedWhileTheyAreOn();
     void NamesFollowTheWorkspace();
@@ -36,48 +36,40 @@ private slots:
 // "|" is the cursor. The names are those offered, or the first of them with "..." behind.
 void SuggestionsTest::Offered_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("prefix");
-    QTest::addColumn<QString>("names");
-    QTest::addColumn<int>("wordBehind");
+    const Table row([](const QString& line, const QString& prefix, const QString& names, int wordBehind) {
+        const QString before = line.section('|', 0, 0);
+        const QString behind = line.section('|', 1);
+        const Suggestions found = SuggestionsFor(Workspace(), before, behind);
+        QString list = found.names.join(u' ');
+        if (names.endsWith(" ..."))
+            list = list.left(names.size() - 3) + "...";
+        QCOMPARE(list, names);
+        QCOMPARE(found.prefix, prefix);
+        QCOMPARE(static_cast<int>(found.wordBehind), wordBehind);
+    });
     // clang-format off
-    QTest::newRow("one letter is not enough")                   << "S|"              << ""           << ""                       << 0;
-    QTest::newRow("an empty line offers nothing")               << "|"               << ""           << ""                       << 0;
-    QTest::newRow("any case")                                   << "1+asI|"          << "asI"        << "ASIN"                   << 0;
-    QTest::newRow("sorted, variables among the names")          << "SIN|"            << "SIN"        << "SIN SINE_OF_X"          << 0;
-    QTest::newRow("units and their pairs")                      << "PARSEC|"         << "PARSEC"     << "PARSEC PARSECS"         << 0;
-    QTest::newRow("a function that is complete keeps being offered") << "ASIN|"      << "ASIN"       << "ASIN"                   << 0;
-    QTest::newRow("so does the user's own")                     << "area|"           << "area"       << "AREA"                   << 0;
-    QTest::newRow("a variable that is complete does not")       << "ABCD|"           << ""           << ""                       << 0;
-    QTest::newRow("others that go on from a complete name are offered") << "PI|"     << "PI"         << "PI PIB ..."             << 0;
-    QTest::newRow("no name begins inside a word")               << "XASI|"           << ""           << ""                       << 0;
-    QTest::newRow("nor behind a digit or a foreign letter")     << "2ASI|"           << ""           << ""                       << 0;
-    QTest::newRow("a foreign letter belongs to the word")       << "\u00e9ASI|"      << ""           << ""                       << 0;
-    QTest::newRow("a sign ends a word")                         << "2*ASI|"          << "ASI"        << "ASIN"                   << 0;
-    QTest::newRow("a name of several words")                    << "CLEAR VA|"       << "CLEAR VA"   << "CLEAR VARIABLES"        << 0;
-    QTest::newRow("also behind other words")                    << "2 top m|"        << "top m"      << "TOP MOST"               << 0;
-    QTest::newRow("the longest beginning wins")                 << "NOT TOP M|"      << "NOT TOP M"  << "NOT TOP MOST"           << 0;
-    QTest::newRow("a blank may end it")                         << "CREATE |"        << "CREATE "    << "CREATE FUNCTION"        << 0;
-    QTest::newRow("the rest of the word is replaced as well")   << "ab|c+1"          << "ab"         << "ABCD ..."               << 1;
-    QTest::newRow("but not behind a name of several words")     << "CLEAR VA|RS"     << "CLEAR VA"   << "CLEAR VARIABLES"        << 0;
-    QTest::newRow("nothing begins right of the cursor")         << "|PRICE"          << ""           << ""                       << 0;
-    QTest::newRow("two blanks begin nothing")                   << "1  |"            << ""           << ""                       << 0;
+    row("one letter is not enough",                   "S|",              "",           "",                       0);
+    row("an empty line offers nothing",               "|",               "",           "",                       0);
+    row("any case",                                   "1+asI|",          "asI",        "ASIN",                   0);
+    row("sorted, variables among the names",          "SIN|",            "SIN",        "SIN SINE_OF_X",          0);
+    row("units and their pairs",                      "PARSEC|",         "PARSEC",     "PARSEC PARSECS",         0);
+    row("a function that is complete keeps being offered", "ASIN|",      "ASIN",       "ASIN",                   0);
+    row("so does the user's own",                     "area|",           "area",       "AREA",                   0);
+    row("a variable that is complete does not",       "ABCD|",           "",           "",                       0);
+    row("others that go on from a complete name are offered", "PI|",     "PI",         "PI PIB ...",             0);
+    row("no name begins inside a word",               "XASI|",           "",           "",                       0);
+    row("nor behind a digit or a foreign letter",     "2ASI|",           "",           "",                       0);
+    row("a foreign letter belongs to the word",       "\u00e9ASI|",      "",           "",                       0);
+    row("a sign ends a word",                         "2*ASI|",          "ASI",        "ASIN",                   0);
+    row("a name of several words",                    "CLEAR VA|",       "CLEAR VA",   "CLEAR VARIABLES",        0);
+    row("also behind other words",                    "2 top m|",        "top m",      "TOP MOST",               0);
+    row("the longest beginning wins",                 "NOT TOP M|",      "NOT TOP M",  "NOT TOP MOST",           0);
+    row("a blank may end it",                         "CREATE |",        "CREATE ",    "CREATE FUNCTION",        0);
+    row("the rest of the word is replaced as well",   "ab|c+1",          "ab",         "ABCD ...",               1);
+    row("but not behind a name of several words",     "CLEAR VA|RS",     "CLEAR VA",   "CLEAR VARIABLES",        0);
+    row("nothing begins right of the cursor",         "|PRICE",          "",           "",                       0);
+    row("two blanks begin nothing",                   "1  |",            "",           "",                       0);
     // clang-format on
-}
-
-void SuggestionsTest::Offered()
-{
-    QFETCH(QString, line);
-    QFETCH(QString, names);
-    const QString before = line.section('|', 0, 0);
-    const QString behind = line.section('|', 1);
-    const Suggestions found = SuggestionsFor(Workspace(), before, behind);
-    QString list = found.names.join(u' ');
-    if (names.endsWith(" ..."))
-        list = list.left(names.size() - 3) + "...";
-    QCOMPARE(list, names);
-    QTEST(found.prefix, "prefix");
-    QTEST(static_cast<int>(found.wordBehind), "wordBehind");
 }
 
 void SuggestionsTest::AllThatBeginWithIt()

@@ -1,82 +1,72 @@
 #include "core/assist/SyntaxHints.h"
+#include "../Table.h"
 
 #include "core/Calculator.h"
 #include "core/engine/SyntaxCatalog.h"
-
-#include <QTest>
 
 class SyntaxHintsTest : public QObject {
     Q_OBJECT
 
 private slots:
     void ActiveCalls_data();
-    void ActiveCalls();
+    void ActiveCalls() { CheckRow(); }
     void Hints_data();
-    void Hints();
+    void Hints() { CheckRow(); }
     void WhatIsShownIsEscaped();
     void BracketsWithoutEnd();
 };
 
 void SyntaxHintsTest::ActiveCalls_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("call"); // name and index
+    // Expected are the name and the index.
+    const Table row([](const QString& line, const QString& expected) {
+        const std::optional<ActiveCall> call = FindActiveFunctionCall(line);
+        QCOMPARE(call ? QString("%1 %2").arg(call->name).arg(call->argumentIndex) : QString(), expected);
+    });
     // clang-format off
-    QTest::newRow("no bracket is no call")             << "SIN"                << "";
-    QTest::newRow("the first argument")                << "2*sin("             << "sin 0";
-    QTest::newRow("a comma leads to the next")         << "ATAN2(1,"           << "ATAN2 1";
-    QTest::newRow("a closed call is over")             << "SIN(1)"             << "";
-    QTest::newRow("the innermost open call")           << "MAX(1, MIN(2, 3, "  << "MIN 2";
-    QTest::newRow("inner commas do not count")         << "MAX(MIN(2, 3), "    << "MAX 1";
-    QTest::newRow("a group is passed")                 << "SQRT((1+2"          << "SQRT 0";
-    QTest::newRow("commas of a group do not count")    << "MAX(1, (2, 3"       << "MAX 1";
-    QTest::newRow("a group alone is no call")          << "1+(2"               << "";
-    QTest::newRow("a group at the start is no call")   << "  ("                << "";
-    QTest::newRow("space before the bracket")          << "MAX \t\u00a0(1,2"   << "MAX 1";
-    QTest::newRow("names of any letters and digits")   << "x_2\u00e9("         << "x_2\u00e9 0";
+    row("no bracket is no call",             "SIN",                "");
+    row("the first argument",                "2*sin(",             "sin 0");
+    row("a comma leads to the next",         "ATAN2(1,",           "ATAN2 1");
+    row("a closed call is over",             "SIN(1)",             "");
+    row("the innermost open call",           "MAX(1, MIN(2, 3, ",  "MIN 2");
+    row("inner commas do not count",         "MAX(MIN(2, 3), ",    "MAX 1");
+    row("a group is passed",                 "SQRT((1+2",          "SQRT 0");
+    row("commas of a group do not count",    "MAX(1, (2, 3",       "MAX 1");
+    row("a group alone is no call",          "1+(2",               "");
+    row("a group at the start is no call",   "  (",                "");
+    row("space before the bracket",          "MAX \t\u00a0(1,2",   "MAX 1");
+    row("names of any letters and digits",   "x_2\u00e9(",         "x_2\u00e9 0");
     // clang-format on
-}
-
-void SyntaxHintsTest::ActiveCalls()
-{
-    QFETCH(QString, line);
-    const std::optional<ActiveCall> call = FindActiveFunctionCall(line);
-    QTEST(call ? QString("%1 %2").arg(call->name).arg(call->argumentIndex) : QString(), "call");
 }
 
 void SyntaxHintsTest::Hints_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("hint");
+    const Table row([](const QString& line, const QString& hint) {
+        Calculator calculator;
+        calculator.customFunctions.SetDefinitions({{"AREA", {"AREA", {"W", "H"}, "W*H"}}});
+        QCOMPARE(SyntaxHintFor(calculator, line), hint);
+    });
     // clang-format off
-    QTest::newRow("the present parameter is bold")          << "ATAN2(1,"            << "ATAN2(y, <b>x</b>)";
-    QTest::newRow("further arguments are the last")         << "min(1,2,3,4"         << "MIN(value1, <b>value2, ...</b>)";
-    QTest::newRow("without parameters nothing is bold")     << "RANDOM("             << "RANDOM()";
-    QTest::newRow("a date's text is not in its syntax")     << "DATE("               << "DATE(&quot;M/D/YYYY [H:MM AM/PM]&quot;)";
-    QTest::newRow("the user's own function")                << "1+area(3,"           << "AREA(W, <b>H</b>)";
-    QTest::newRow("an unknown call has none")               << "FOO(1,"              << "";
-    QTest::newRow("a name without its bracket has none")    << "SIN"                 << "";
-    QTest::newRow("a name without syntax has none")         << "PI"                  << "";
-    QTest::newRow("a command")                              << "  font 1"            << "FONT <b>size</b>";
-    QTest::newRow("a command with a sign behind its word")  << "FORMAT=0"            << "FORMAT=<b>formatString</b>";
-    QTest::newRow("its second parameter")                   << "ISOLATE X, "         << "ISOLATE variable, <b>equation</b>";
-    QTest::newRow("commas in brackets do not count")        << "ISOLATE (X,Y), Z"    << "ISOLATE variable, <b>equation</b>";
-    QTest::newRow("the longest command wins")               << "menu output base H"  << "MENU OUTPUT BASE [DEC/BIN/OCT/HEX]";
-    QTest::newRow("a word goes on")                         << "MENU OUTPUT BASES"   << "MENU <b>option</b> [value]";
-    QTest::newRow("a command that is a function too")       << "MAX"                 << "MAX";
-    QTest::newRow("a command is the line's first word")     << "1 FONT"              << "";
-    QTest::newRow("no word begins with a digit")            << "0b"                  << "";
-    QTest::newRow("a call inside a command")                << "SIMPLIFY ABS("       << "ABS(<b>value</b>)";
-    QTest::newRow("an unknown call inside a command")       << "SIMPLIFY F("         << "SIMPLIFY <b>expression-or-equation</b>";
+    row("the present parameter is bold",          "ATAN2(1,",            "ATAN2(y, <b>x</b>)");
+    row("further arguments are the last",         "min(1,2,3,4",         "MIN(value1, <b>value2, ...</b>)");
+    row("without parameters nothing is bold",     "RANDOM(",             "RANDOM()");
+    row("a date's text is not in its syntax",     "DATE(",               "DATE(&quot;M/D/YYYY [H:MM AM/PM]&quot;)");
+    row("the user's own function",                "1+area(3,",           "AREA(W, <b>H</b>)");
+    row("an unknown call has none",               "FOO(1,",              "");
+    row("a name without its bracket has none",    "SIN",                 "");
+    row("a name without syntax has none",         "PI",                  "");
+    row("a command",                              "  font 1",            "FONT <b>size</b>");
+    row("a command with a sign behind its word",  "FORMAT=0",            "FORMAT=<b>formatString</b>");
+    row("its second parameter",                   "ISOLATE X, ",         "ISOLATE variable, <b>equation</b>");
+    row("commas in brackets do not count",        "ISOLATE (X,Y), Z",    "ISOLATE variable, <b>equation</b>");
+    row("the longest command wins",               "menu output base H",  "MENU OUTPUT BASE [DEC/BIN/OCT/HEX]");
+    row("a word goes on",                         "MENU OUTPUT BASES",   "MENU <b>option</b> [value]");
+    row("a command that is a function too",       "MAX",                 "MAX");
+    row("a command is the line's first word",     "1 FONT",              "");
+    row("no word begins with a digit",            "0b",                  "");
+    row("a call inside a command",                "SIMPLIFY ABS(",       "ABS(<b>value</b>)");
+    row("an unknown call inside a command",       "SIMPLIFY F(",         "SIMPLIFY <b>expression-or-equation</b>");
     // clang-format on
-}
-
-void SyntaxHintsTest::Hints()
-{
-    QFETCH(QString, line);
-    Calculator calculator;
-    calculator.customFunctions.SetDefinitions({{"AREA", {"AREA", {"W", "H"}, "W*H"}}});
-    QTEST(SyntaxHintFor(calculator, line), "hint");
 }
 
 void SyntaxHintsTest::WhatIsShownIsEscaped()

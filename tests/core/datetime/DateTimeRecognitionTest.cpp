@@ -1,8 +1,8 @@
+#include "../Table.h"
 #include "core/datetime/DateTimeLanguage.h"
 
 #include <QRandomGenerator>
 #include <QRegularExpression>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -11,37 +11,31 @@ class DateTimeRecognitionTest : public QObject {
 
 private slots:
     void Line_data();
-    void Line();
+    void Line() { CheckRow(); }
     void SaysWhatThePatternSays();
 };
 
 void DateTimeRecognitionTest::Line_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<bool>("recognised");
+    const Table row(
+        [](const QString& line, bool recognised) { QCOMPARE(ExpressionLooksLikeDateTimeLanguage(line), recognised); });
     // clang-format off
-    QTest::newRow("a time anywhere")                        << u"2 * (1:30)"_s         << true;
-    QTest::newRow("a time that cannot be")                  << u"1:60"_s               << true;
-    QTest::newRow("one digit of minutes is no time")        << u"1:5"_s                << false;
-    QTest::newRow("three digits of minutes are no time")    << u"1:300"_s              << false;
-    QTest::newRow("a ratio of names is no time")            << u"A1:30"_s              << false;
-    QTest::newRow("AM and PM may touch the digits")         << u"1:30pm"_s             << true;
-    QTest::newRow("another word may not")                   << u"1:30pmx"_s            << false;
-    QTest::newRow("a word in any case")                     << u"weekday(x)"_s         << true;
-    QTest::newRow("a word within a longer one does not count") << u"UPDATE + NOWHERE"_s << false;
-    QTest::newRow("an underscore belongs to the word")      << u"_TODAY"_s             << false;
-    QTest::newRow("DAY needs a bracket")                    << u"DAY + 1"_s            << false;
-    QTest::newRow("the bracket may stand apart")            << u"YEAR  ("_s            << true;
-    QTest::newRow("plain arithmetic")                       << u"2*(3+4)/7 - SQRT(16)"_s << false;
-    QTest::newRow("ANS by itself")                          << u"ANS + 1"_s            << false;
-    QTest::newRow("an empty line")                          << u""_s                   << false;
+    row("a time anywhere",                        u"2 * (1:30)"_s,         true);
+    row("a time that cannot be",                  u"1:60"_s,               true);
+    row("one digit of minutes is no time",        u"1:5"_s,                false);
+    row("three digits of minutes are no time",    u"1:300"_s,              false);
+    row("a ratio of names is no time",            u"A1:30"_s,              false);
+    row("AM and PM may touch the digits",         u"1:30pm"_s,             true);
+    row("another word may not",                   u"1:30pmx"_s,            false);
+    row("a word in any case",                     u"weekday(x)"_s,         true);
+    row("a word within a longer one does not count", u"UPDATE + NOWHERE"_s, false);
+    row("an underscore belongs to the word",      u"_TODAY"_s,             false);
+    row("DAY needs a bracket",                    u"DAY + 1"_s,            false);
+    row("the bracket may stand apart",            u"YEAR  ("_s,            true);
+    row("plain arithmetic",                       u"2*(3+4)/7 - SQRT(16)"_s, false);
+    row("ANS by itself",                          u"ANS + 1"_s,            false);
+    row("an empty line",                          u""_s,                   false);
     // clang-format on
-}
-
-void DateTimeRecognitionTest::Line()
-{
-    QFETCH(QString, line);
-    QTEST(ExpressionLooksLikeDateTimeLanguage(line), "recognised");
 }
 
 // The scan against the pattern that defines it, over lines put together from what the pattern looks at.

@@ -1,8 +1,8 @@
 #include "core/engine/AnswerFormat.h"
+#include "../Table.h"
 
 #include <QElapsedTimer>
 #include <QRandomGenerator>
-#include <QTest>
 
 #include <cmath>
 #include <cstring>
@@ -12,90 +12,76 @@ class AnswerFormatTest : public QObject {
 
 private slots:
     void Pattern_data();
-    void Pattern();
+    void Pattern() { CheckRow(); }
     void DefaultFormat_data();
-    void DefaultFormat();
+    void DefaultFormat() { CheckRow(); }
     void DefaultFormatIsTheToolkits();
     void SnappingIsThePlainRules();
     void Base_data();
-    void Base();
+    void Base() { CheckRow(); }
     void EveryPatternIsGood();
 };
 
 void AnswerFormatTest::Pattern_data()
 {
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<double>("value");
-    QTest::addColumn<QString>("text");
+    const Table row([](const QString& pattern, double value, const QString& text) {
+        QCOMPARE(FormatAnswer(value, {pattern, 10}), text);
+    });
     const double notANumber = std::nan("");
     // clang-format off
-    QTest::newRow("money")                                   << "$#,###,##0.00" << 1234.5   << "$1,234.50";
-    QTest::newRow("the sign stands behind the prefix")       << "$#,###,##0.00" << -1234.5  << "$-1,234.50";
-    QTest::newRow("money of nothing")                        << "$#,###,##0.00" << 0.0      << "$0.00";
-    QTest::newRow("a trailing point prints nothing")         << "#,###,##0."    << 1234.6   << "1,235";
-    QTest::newRow("a positive value takes the first section")  << "0.00;(0.00);zero" << 1.5  << "1.50";
-    QTest::newRow("a negative value takes the second, unsigned") << "0.00;(0.00);zero" << -1.5 << "(1.50)";
-    QTest::newRow("zero takes the third")                    << "0.00;(0.00);zero" << 0.0    << "zero";
-    QTest::newRow("NaN takes the third")                     << "0.00;(0.00);zero" << notANumber << "zero";
-    QTest::newRow("of two sections zero takes the first")    << "0.0;(0)"       << 0.0      << "0.0";
-    QTest::newRow("further sections are ignored")            << "0;0;0;x"       << 5.0      << "5";
-    QTest::newRow("an empty section prints nothing")         << "0.00;"         << -2.0     << "";
-    QTest::newRow("percent")                                 << "0%"            << 0.25     << "25%";
-    QTest::newRow("percent in a prefix")                     << "% 0.0"         << 0.255    << "% 25.5";
-    QTest::newRow("exponent with its plus")                  << "0.00E+00"      << 12345.0  << "1.23E+04";
-    QTest::newRow("exponent without a plus")                 << "0.0e-0"        << 50.0     << "5.0e1";
-    QTest::newRow("exponent below one")                      << "0.0e-0"        << 0.5      << "5.0e-1";
-    QTest::newRow("exponent of a negative value")            << "0.0E+0"        << -1234.0  << "-1.2E+3";
-    QTest::newRow("an exponent form ignores its literal text") << "x0.0E+0y"    << 10.0     << "1.0E+1";
-    QTest::newRow("an exponent form has no NaN")             << "0.0E+00"       << notANumber << "NANE+00";
-    QTest::newRow("required digits of the integer part")     << "000"           << 5.0      << "005";
-    QTest::newRow("grouping discards them")                  << "0,000"         << 5.0      << "5";
-    QTest::newRow("required digits of a negative value")     << "000"           << -5.0     << "-005";
-    QTest::newRow("optional decimals, none")                 << "0.##"          << 2.0      << "2";
-    QTest::newRow("optional decimals, one")                  << "0.##"          << 2.5      << "2.5";
-    QTest::newRow("optional behind required")                << "0.0#"          << 2.0      << "2.0";
-    QTest::newRow("a number sign suppresses no digit")       << "#.##"          << 0.0      << "0";
-    QTest::newRow("a trailing comma scales")                 << "0,"            << 1600.0   << "2";
-    QTest::newRow("two scale twice")                         << "0.0,,"         << 1.5      << "1.5"; // behind the point they are text
-    QTest::newRow("scaling by a million")                    << "0,,"           << 2.4e6    << "2";
-    QTest::newRow("grouping and scaling")                    << "#,##0,"        << 1.2e9    << "1,200,000";
-    QTest::newRow("beyond 64 bits the groups stay")          << "#,##0"         << 1e20     << "100,000,000,000,000,000,000";
-    QTest::newRow("no placeholder, no number")               << "none"          << 7.0      << "none";
-    QTest::newRow("suffix")                                  << "0.0 kg"        << 7.0      << "7.0 kg";
-    QTest::newRow("infinity passes through")                 << "$0.00"         << HUGE_VAL << "$inf";
-    QTest::newRow("rounding is the toolkit's")               << "0.0"           << 0.25     << "0.3";
+    row("money",                                   "$#,###,##0.00", 1234.5,   "$1,234.50");
+    row("the sign stands behind the prefix",       "$#,###,##0.00", -1234.5,  "$-1,234.50");
+    row("money of nothing",                        "$#,###,##0.00", 0.0,      "$0.00");
+    row("a trailing point prints nothing",         "#,###,##0.",    1234.6,   "1,235");
+    row("a positive value takes the first section",  "0.00;(0.00);zero", 1.5,  "1.50");
+    row("a negative value takes the second, unsigned", "0.00;(0.00);zero", -1.5, "(1.50)");
+    row("zero takes the third",                    "0.00;(0.00);zero", 0.0,    "zero");
+    row("NaN takes the third",                     "0.00;(0.00);zero", notANumber, "zero");
+    row("of two sections zero takes the first",    "0.0;(0)",       0.0,      "0.0");
+    row("further sections are ignored",            "0;0;0;x",       5.0,      "5");
+    row("an empty section prints nothing",         "0.00;",         -2.0,     "");
+    row("percent",                                 "0%",            0.25,     "25%");
+    row("percent in a prefix",                     "% 0.0",         0.255,    "% 25.5");
+    row("exponent with its plus",                  "0.00E+00",      12345.0,  "1.23E+04");
+    row("exponent without a plus",                 "0.0e-0",        50.0,     "5.0e1");
+    row("exponent below one",                      "0.0e-0",        0.5,      "5.0e-1");
+    row("exponent of a negative value",            "0.0E+0",        -1234.0,  "-1.2E+3");
+    row("an exponent form ignores its literal text", "x0.0E+0y",    10.0,     "1.0E+1");
+    row("an exponent form has no NaN",             "0.0E+00",       notANumber, "NANE+00");
+    row("required digits of the integer part",     "000",           5.0,      "005");
+    row("grouping discards them",                  "0,000",         5.0,      "5");
+    row("required digits of a negative value",     "000",           -5.0,     "-005");
+    row("optional decimals, none",                 "0.##",          2.0,      "2");
+    row("optional decimals, one",                  "0.##",          2.5,      "2.5");
+    row("optional behind required",                "0.0#",          2.0,      "2.0");
+    row("a number sign suppresses no digit",       "#.##",          0.0,      "0");
+    row("a trailing comma scales",                 "0,",            1600.0,   "2");
+    row("two scale twice",                         "0.0,,",         1.5,      "1.5"); // behind the point they are text
+    row("scaling by a million",                    "0,,",           2.4e6,    "2");
+    row("grouping and scaling",                    "#,##0,",        1.2e9,    "1,200,000");
+    row("beyond 64 bits the groups stay",          "#,##0",         1e20,     "100,000,000,000,000,000,000");
+    row("no placeholder, no number",               "none",          7.0,      "none");
+    row("suffix",                                  "0.0 kg",        7.0,      "7.0 kg");
+    row("infinity passes through",                 "$0.00",         HUGE_VAL, "$inf");
+    row("rounding is the toolkit's",               "0.0",           0.25,     "0.3");
     // clang-format on
-}
-
-void AnswerFormatTest::Pattern()
-{
-    QFETCH(QString, pattern);
-    QFETCH(double, value);
-    QTEST(FormatAnswer(value, {pattern, 10}), "text");
 }
 
 void AnswerFormatTest::DefaultFormat_data()
 {
-    QTest::addColumn<double>("value");
-    QTest::addColumn<QString>("text");
+    const Table row([](double value, const QString& text) { QCOMPARE(FormatAnswer(value, {}), text); });
     // clang-format off
-    QTest::newRow("residue is snapped off")         << 0.1 + 0.2          << "0.3";
-    QTest::newRow("fifteen digits")                 << 1.0 / 3            << "0.333333333333333";
-    QTest::newRow("more than twelve decimals stay") << 1.2345678901234    << "1.2345678901234";
-    QTest::newRow("residue of a large value")       << 1e15 / 3 * 3 + 0.1 << "1e+15";
-    QTest::newRow("large")                          << 1e20               << "1e+20";
-    QTest::newRow("small")                          << 1e-5               << "1e-05";
-    QTest::newRow("smaller than the residue")       << 1e-15              << "0";
-    QTest::newRow("no negative zero")               << -0.0               << "0";
-    QTest::newRow("not a number")                   << std::nan("")       << "nan";
-    QTest::newRow("negative infinity")              << -HUGE_VAL          << "-inf";
+    row("residue is snapped off",         0.1 + 0.2,          "0.3");
+    row("fifteen digits",                 1.0 / 3,            "0.333333333333333");
+    row("more than twelve decimals stay", 1.2345678901234,    "1.2345678901234");
+    row("residue of a large value",       1e15 / 3 * 3 + 0.1, "1e+15");
+    row("large",                          1e20,               "1e+20");
+    row("small",                          1e-5,               "1e-05");
+    row("smaller than the residue",       1e-15,              "0");
+    row("no negative zero",               -0.0,               "0");
+    row("not a number",                   std::nan(""),       "nan");
+    row("negative infinity",              -HUGE_VAL,          "-inf");
     // clang-format on
-}
-
-void AnswerFormatTest::DefaultFormat()
-{
-    QFETCH(double, value);
-    QTEST(FormatAnswer(value, {}), "text");
 }
 
 void AnswerFormatTest::DefaultFormatIsTheToolkits()
@@ -150,26 +136,19 @@ void AnswerFormatTest::SnappingIsThePlainRules()
 
 void AnswerFormatTest::Base_data()
 {
-    QTest::addColumn<int>("base");
-    QTest::addColumn<double>("value");
-    QTest::addColumn<QString>("text");
+    const Table row([](int base, double value, const QString& text) {
+        QCOMPARE(FormatAnswer(value, {"0.0", base}), text);
+    });
     // clang-format off
-    QTest::newRow("hexadecimal")                      << 16 << 255.0                << "FF";
-    QTest::newRow("negative")                         << 16 << -255.0               << "-FF";
-    QTest::newRow("zero")                             << 2  << 0.0                  << "0";
-    QTest::newRow("binary")                           << 2  << 5.0                  << "101";
-    QTest::newRow("octal")                            << 8  << 64.0                 << "100";
-    QTest::newRow("the largest safe integer")         << 16 << 9007199254740991.0   << "1FFFFFFFFFFFFF";
-    QTest::newRow("one more is shown as a pattern")   << 16 << 9007199254740992.0   << "9007199254740992.0";
-    QTest::newRow("a fraction is shown as a pattern") << 16 << 1.5                  << "1.5";
+    row("hexadecimal",                      16, 255.0,                "FF");
+    row("negative",                         16, -255.0,               "-FF");
+    row("zero",                             2,  0.0,                  "0");
+    row("binary",                           2,  5.0,                  "101");
+    row("octal",                            8,  64.0,                 "100");
+    row("the largest safe integer",         16, 9007199254740991.0,   "1FFFFFFFFFFFFF");
+    row("one more is shown as a pattern",   16, 9007199254740992.0,   "9007199254740992.0");
+    row("a fraction is shown as a pattern", 16, 1.5,                  "1.5");
     // clang-format on
-}
-
-void AnswerFormatTest::Base()
-{
-    QFETCH(int, base);
-    QFETCH(double, value);
-    QTEST(FormatAnswer(value, {"0.0", base}), "text");
 }
 
 // Any text is a pattern; none takes long and none takes the program down.

@@ -1,8 +1,8 @@
 #include "core/engine/CustomFunctions.h"
+#include "../Table.h"
 
 #include <QSettings>
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -51,14 +51,14 @@ class CustomFunctionsTest : public QObject {
 
 private slots:
     void IdentifierTokens_data();
-    void IdentifierTokens();
+    void IdentifierTokens() { CheckRow(); }
     void Expansion_data();
-    void Expansion();
+    void Expansion() { CheckRow(); }
     void ExpansionHasLimits_data();
-    void ExpansionHasLimits();
+    void ExpansionHasLimits() { CheckRow(); }
     void ATextWithoutCallsIsShared();
     void Commands_data();
-    void Commands();
+    void Commands() { CheckRow(); }
     void ALongChainOfFunctionsIsNoCycle();
     void SettingsKeepFunctions();
     void SettingsWithInvalidEntries();
@@ -66,90 +66,72 @@ private slots:
 
 void CustomFunctionsTest::IdentifierTokens_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("replaced"); // X is (2), E3 is (3), E is (4), F is (5)
+    const Table row([](const QString& text, const QString& replaced) {
+        const QMap<QString, QString> replacements = {
+            {u"X"_s, u"(2)"_s}, {u"E3"_s, u"(3)"_s}, {u"E"_s, u"(4)"_s}, {u"F"_s, u"(5)"_s}};
+        QCOMPARE(ReplaceIdentifierTokens(text, replacements), replaced);
+    });
     // clang-format off
-    QTest::newRow("any case, whole identifiers")   << "x+X1+_X+X_+éX"      << "(2)+X1+_X+X_+éX";
-    QTest::newRow("a number ends before a letter") << "10X+2.5X+3.x"       << "10(2)+2.5(2)+3.(2)";
-    QTest::newRow("base literals are one thing")   << "0xF+0XE3+0b1X+0o7F" << "0xF+0XE3+0b1X+0o7F";
-    QTest::newRow("only a leading 0 has a base")   << "100X5+10X+1.0x"     << "100X5+10(2)+1.0(2)";
-    QTest::newRow("exponents are one thing")       << "1E3+1e-06+.5E+3+2.E3" << "1E3+1e-06+.5E+3+2.E3";
-    QTest::newRow("no digits, no exponent")        << "2E+X+2E+1e+"        << "2(4)+(2)+2E+1(4)+";
-    QTest::newRow("behind an exponent")            << "1e3X 1e3E3"         << "1e3(2) 1e3(3)";
+    row("any case, whole identifiers",   "x+X1+_X+X_+éX",      "(2)+X1+_X+X_+éX");
+    row("a number ends before a letter", "10X+2.5X+3.x",       "10(2)+2.5(2)+3.(2)");
+    row("base literals are one thing",   "0xF+0XE3+0b1X+0o7F", "0xF+0XE3+0b1X+0o7F");
+    row("only a leading 0 has a base",   "100X5+10X+1.0x",     "100X5+10(2)+1.0(2)");
+    row("exponents are one thing",       "1E3+1e-06+.5E+3+2.E3", "1E3+1e-06+.5E+3+2.E3");
+    row("no digits, no exponent",        "2E+X+2E+1e+",        "2(4)+(2)+2E+1(4)+");
+    row("behind an exponent",            "1e3X 1e3E3",         "1e3(2) 1e3(3)");
     // clang-format on
-}
-
-void CustomFunctionsTest::IdentifierTokens()
-{
-    QFETCH(QString, text);
-    const QMap<QString, QString> replacements = {
-        {u"X"_s, u"(2)"_s}, {u"E3"_s, u"(3)"_s}, {u"E"_s, u"(4)"_s}, {u"F"_s, u"(5)"_s}};
-    QTEST(ReplaceIdentifierTokens(text, replacements), "replaced");
 }
 
 void CustomFunctionsTest::Expansion_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expanded");
-    QTest::addColumn<QString>("errorText");
+    const Table row([](const QString& text, const QString& expected, const QString& errorText) {
+        CustomFunctions functions;
+        functions.SetDefinitions(sample);
+        QString expanded;
+        QString error;
+        QCOMPARE(functions.ExpandCustomFunctions(text, expanded, error), errorText.isEmpty());
+        QCOMPARE(error, errorText);
+        if (errorText.isEmpty())
+            QCOMPARE(expanded, expected);
+        else
+            QCOMPARE(expanded, text);
+    });
     const QString none;
     // clang-format off
-    QTest::newRow("arguments stand in brackets")   << "2sq (1+2)"         << "2((1+2)*(1+2))"             << none;
-    QTest::newRow("bodies call functions")         << "AREA( 2, (3,4) )"  << "((2) * ((((3,4)))*(((3,4)))))" << none;
-    QTest::newRow("arguments call functions")      << "SQ(SEVEN7())"      << "(((7))*((7)))"              << none;
-    QTest::newRow("a name alone is no call")       << "SEVEN7+SQ"         << "SEVEN7+SQ"                  << none;
-    QTest::newRow("an expansion can make a call")  << "1 SQ SQ SEVEN7 ()" << "1 (((7)*(7))*((7)*(7)))" << none;
-    QTest::newRow("numbers stay whole")            << "HALF(1)+0xHALF(1)" << "((1)/2e3+0xE3)+0xHALF(1)"   << none;
-    QTest::newRow("never closed")                  << "1+sq((1)"          << none << "Unclosed custom function call: SQ";
-    QTest::newRow("an empty argument")             << "AREA(1, )"         << none << "Invalid arguments for AREA";
-    QTest::newRow("too many arguments")            << "SQ(1,2)"           << none << "SQ expects 1 argument(s)";
-    QTest::newRow("too few arguments")             << "AREA( )"           << none << "AREA expects 2 argument(s)";
-    QTest::newRow("a circle meets the limit")      << "LOOP()"            << none << "Custom function expansion limit reached";
+    row("arguments stand in brackets",   "2sq (1+2)",         "2((1+2)*(1+2))",             none);
+    row("bodies call functions",         "AREA( 2, (3,4) )",  "((2) * ((((3,4)))*(((3,4)))))", none);
+    row("arguments call functions",      "SQ(SEVEN7())",      "(((7))*((7)))",              none);
+    row("a name alone is no call",       "SEVEN7+SQ",         "SEVEN7+SQ",                  none);
+    row("an expansion can make a call",  "1 SQ SQ SEVEN7 ()", "1 (((7)*(7))*((7)*(7)))", none);
+    row("numbers stay whole",            "HALF(1)+0xHALF(1)", "((1)/2e3+0xE3)+0xHALF(1)",   none);
+    row("never closed",                  "1+sq((1)",          none, "Unclosed custom function call: SQ");
+    row("an empty argument",             "AREA(1, )",         none, "Invalid arguments for AREA");
+    row("too many arguments",            "SQ(1,2)",           none, "SQ expects 1 argument(s)");
+    row("too few arguments",             "AREA( )",           none, "AREA expects 2 argument(s)");
+    row("a circle meets the limit",      "LOOP()",            none, "Custom function expansion limit reached");
     // clang-format on
-}
-
-void CustomFunctionsTest::Expansion()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, errorText);
-    CustomFunctions functions;
-    functions.SetDefinitions(sample);
-    QString expanded;
-    QString error;
-    QCOMPARE(functions.ExpandCustomFunctions(text, expanded, error), errorText.isEmpty());
-    QCOMPARE(error, errorText);
-    if (errorText.isEmpty())
-        QTEST(expanded, "expanded");
-    else
-        QCOMPARE(expanded, text);
 }
 
 void CustomFunctionsTest::ExpansionHasLimits_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("succeeds");
+    const Table row([](const QString& text, bool succeeds) {
+        CustomFunctions functions;
+        functions.SetDefinitions(sample);
+        QString expanded;
+        QString error;
+        QCOMPARE(functions.ExpandCustomFunctions(text, expanded, error), succeeds);
+        QCOMPARE(error, succeeds ? QString() : u"Custom function expansion limit reached"_s);
+    });
     const QString half = u"1+"_s.repeated(250'000) + u'1';
     // clang-format off
-    QTest::newRow("99 calls")                      << u"SEVEN7()+"_s.repeated(99)  << true;
-    QTest::newRow("100 calls")                     << u"SEVEN7()+"_s.repeated(100) << false;
-    QTest::newRow("a text that doubles too often") << QString(u"SQ(SQ("_s + half + u"))"_s) << false;
-    QTest::newRow("two long arguments")            << QString(u"ID("_s + half + u")+1+ID("_s + half + u')') << false;
-    QTest::newRow("a long text that does not")     << QString(u"SEVEN7()+"_s + half) << true;
-    QTest::newRow("calls in calls in calls")       << QString(u"SQ("_s.repeated(100'000) + u")"_s.repeated(100'000)) << false;
-    QTest::newRow("a long chain of names")         << QString(u"SQ "_s.repeated(100'000) + u"SEVEN7()"_s) << false;
+    row("99 calls",                      u"SEVEN7()+"_s.repeated(99),  true);
+    row("100 calls",                     u"SEVEN7()+"_s.repeated(100), false);
+    row("a text that doubles too often", QString(u"SQ(SQ("_s + half + u"))"_s), false);
+    row("two long arguments",            QString(u"ID("_s + half + u")+1+ID("_s + half + u')'), false);
+    row("a long text that does not",     QString(u"SEVEN7()+"_s + half), true);
+    row("calls in calls in calls",       QString(u"SQ("_s.repeated(100'000) + u")"_s.repeated(100'000)), false);
+    row("a long chain of names",         QString(u"SQ "_s.repeated(100'000) + u"SEVEN7()"_s), false);
     // clang-format on
-}
-
-void CustomFunctionsTest::ExpansionHasLimits()
-{
-    QFETCH(QString, text);
-    QFETCH(bool, succeeds);
-    CustomFunctions functions;
-    functions.SetDefinitions(sample);
-    QString expanded;
-    QString error;
-    QCOMPARE(functions.ExpandCustomFunctions(text, expanded, error), succeeds);
-    QCOMPARE(error, succeeds ? QString() : u"Custom function expansion limit reached"_s);
 }
 
 void CustomFunctionsTest::ATextWithoutCallsIsShared()
@@ -165,61 +147,54 @@ void CustomFunctionsTest::ATextWithoutCallsIsShared()
 
 void CustomFunctionsTest::Commands_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("status"); // empty: not a command of ours
-    QTest::addColumn<QString>("padText");
-    QTest::addColumn<bool>("changed");
+    // No status: not a command of ours.
+    const Table row([](const QString& line, const QString& status, const QString& padText, bool expected) {
+        CustomFunctions functions;
+        CustomFunctionMap before = sample;
+        for (const QString& name : {u"LOOP"_s, u"SEVEN7"_s, u"HALF"_s, u"ID"_s})
+            before.remove(name);
+        functions.SetDefinitions(before);
+        bool changed = false;
+        const std::optional<Submission> submission =
+            functions.HandleCustomFunctionCommand(line, Around(functions), changed);
+        QCOMPARE(submission.has_value(), !status.isEmpty());
+        if (submission) {
+            QCOMPARE(submission->status.value_or(QString()), status);
+            QCOMPARE(PadText(*submission), padText);
+        }
+        QCOMPARE(changed, expected);
+        QCOMPARE(functions.Definitions() != before, expected);
+    });
     const QString usage = u"Use CREATE FUNCTION NAME(parameter, ...) = expression"_s;
     const QString recursive = u"Custom functions cannot call themselves recursively"_s;
     const QString none;
     // clang-format off
-    QTest::newRow("a new function")          << "create function  dbl ( x ) =  2x " << "Function created: DBL" << "DBL(X) = 2x\n" << true;
-    QTest::newRow("no parameters")           << "CREATE FUNCTION N() = RATE"   << "Function created: N"  << "N() = RATE\n"        << true;
-    QTest::newRow("an existing function")    << "CREATE FUNCTION SQ(A,B)=A*b"  << "Function updated: SQ" << "SQ(A, B) = A*b\n"    << true;
-    QTest::newRow("nothing to create")       << "CREATE FUNCTION"              << usage << none << false;
-    QTest::newRow("no brackets")             << "CREATE FUNCTION F = 2"        << usage << none << false;
-    QTest::newRow("brackets in brackets")    << "CREATE FUNCTION F((X)) = X"   << usage << none << false;
-    QTest::newRow("no expression")           << "CREATE FUNCTION F(X) = "      << usage << none << false;
-    QTest::newRow("a reserved name")         << "CREATE FUNCTION sin(X) = X"   << "Cannot use SIN as a function name"  << none << false;
-    QTest::newRow("a variable's name")       << "CREATE FUNCTION RATE(X) = X"  << "Cannot use RATE as a function name" << none << false;
-    QTest::newRow("a repeated parameter")    << "CREATE FUNCTION F(X, x) = X"  << "Invalid function parameter: x"      << none << false;
-    QTest::newRow("an empty parameter")      << "CREATE FUNCTION F(X,) = X"    << "Invalid function parameter: "       << none << false;
-    QTest::newRow("a parameter as typed")    << "CREATE FUNCTION F( 2y ) = 1"  << "Invalid function parameter: 2y"     << none << false;
-    QTest::newRow("a function as parameter") << "CREATE FUNCTION F(sq) = 1"    << "Invalid function parameter: sq"     << none << false;
-    QTest::newRow("a reserved parameter")    << "CREATE FUNCTION F(sin) = 1"   << "Invalid function parameter: sin"    << none << false;
-    QTest::newRow("a second equals sign")    << "CREATE FUNCTION F(X) = X = 1" << "A function definition must contain one expression" << none << false;
-    QTest::newRow("calls itself")            << "CREATE FUNCTION F(X) = F (X)" << recursive << none << false;
-    QTest::newRow("calls itself by another") << "CREATE FUNCTION SQ(X) = AREA(X, 1)" << recursive << none << false;
-    QTest::newRow("has no value at 2")       << "CREATE FUNCTION F(X) = BAD+X" << "Cannot solve function expression"   << none << false;
-    QTest::newRow("wrong call in the body")  << "CREATE FUNCTION F(X) = SQ(X, X)" << "Cannot solve function expression" << none << false;
-    QTest::newRow("the list")                << "functions"                    << "Custom functions listed" << "AREA(W, H) = w * SQ(h)\nSQ(X) = X*X\n" << false;
-    QTest::newRow("the delete commands")     << "Delete Function"              << "Delete commands listed"  << "DELETE FUNCTION AREA\nDELETE FUNCTION SQ\n" << false;
-    QTest::newRow("deleting")                << "DELETE FUNCTION  sq "         << "Function deleted: SQ"    << "Function deleted: SQ\n" << true;
-    QTest::newRow("deleting what is not")    << "DELETE FUNCTION sqr"          << "No custom function named sqr" << none << false;
-    QTest::newRow("another line")            << "FUNCTIONS 1"                  << none << none << false;
-    QTest::newRow("another word")            << "CREATE FUNCTIONS"             << none << none << false;
+    row("a new function",          "create function  dbl ( x ) =  2x ", "Function created: DBL", "DBL(X) = 2x\n", true);
+    row("no parameters",           "CREATE FUNCTION N() = RATE",   "Function created: N",  "N() = RATE\n",        true);
+    row("an existing function",    "CREATE FUNCTION SQ(A,B)=A*b",  "Function updated: SQ", "SQ(A, B) = A*b\n",    true);
+    row("nothing to create",       "CREATE FUNCTION",              usage, none, false);
+    row("no brackets",             "CREATE FUNCTION F = 2",        usage, none, false);
+    row("brackets in brackets",    "CREATE FUNCTION F((X)) = X",   usage, none, false);
+    row("no expression",           "CREATE FUNCTION F(X) = ",      usage, none, false);
+    row("a reserved name",         "CREATE FUNCTION sin(X) = X",   "Cannot use SIN as a function name",  none, false);
+    row("a variable's name",       "CREATE FUNCTION RATE(X) = X",  "Cannot use RATE as a function name", none, false);
+    row("a repeated parameter",    "CREATE FUNCTION F(X, x) = X",  "Invalid function parameter: x",      none, false);
+    row("an empty parameter",      "CREATE FUNCTION F(X,) = X",    "Invalid function parameter: ",       none, false);
+    row("a parameter as typed",    "CREATE FUNCTION F( 2y ) = 1",  "Invalid function parameter: 2y",     none, false);
+    row("a function as parameter", "CREATE FUNCTION F(sq) = 1",    "Invalid function parameter: sq",     none, false);
+    row("a reserved parameter",    "CREATE FUNCTION F(sin) = 1",   "Invalid function parameter: sin",    none, false);
+    row("a second equals sign",    "CREATE FUNCTION F(X) = X = 1", "A function definition must contain one expression", none, false);
+    row("calls itself",            "CREATE FUNCTION F(X) = F (X)", recursive, none, false);
+    row("calls itself by another", "CREATE FUNCTION SQ(X) = AREA(X, 1)", recursive, none, false);
+    row("has no value at 2",       "CREATE FUNCTION F(X) = BAD+X", "Cannot solve function expression",   none, false);
+    row("wrong call in the body",  "CREATE FUNCTION F(X) = SQ(X, X)", "Cannot solve function expression", none, false);
+    row("the list",                "functions",                    "Custom functions listed", "AREA(W, H) = w * SQ(h)\nSQ(X) = X*X\n", false);
+    row("the delete commands",     "Delete Function",              "Delete commands listed",  "DELETE FUNCTION AREA\nDELETE FUNCTION SQ\n", false);
+    row("deleting",                "DELETE FUNCTION  sq ",         "Function deleted: SQ",    "Function deleted: SQ\n", true);
+    row("deleting what is not",    "DELETE FUNCTION sqr",          "No custom function named sqr", none, false);
+    row("another line",            "FUNCTIONS 1",                  none, none, false);
+    row("another word",            "CREATE FUNCTIONS",             none, none, false);
     // clang-format on
-}
-
-void CustomFunctionsTest::Commands()
-{
-    QFETCH(QString, line);
-    QFETCH(QString, status);
-    CustomFunctions functions;
-    CustomFunctionMap before = sample;
-    for (const QString& name : {u"LOOP"_s, u"SEVEN7"_s, u"HALF"_s, u"ID"_s})
-        before.remove(name);
-    functions.SetDefinitions(before);
-    bool changed = false;
-    const std::optional<Submission> submission =
-        functions.HandleCustomFunctionCommand(line, Around(functions), changed);
-    QCOMPARE(submission.has_value(), !status.isEmpty());
-    if (submission) {
-        QCOMPARE(submission->status.value_or(QString()), status);
-        QTEST(PadText(*submission), "padText");
-    }
-    QTEST(changed, "changed");
-    QCOMPARE(functions.Definitions() != before, changed);
 }
 
 void CustomFunctionsTest::ALongChainOfFunctionsIsNoCycle()

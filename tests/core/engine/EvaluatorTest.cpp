@@ -1,9 +1,9 @@
 #include "core/engine/Evaluator.h"
+#include "../Table.h"
 #include "core/engine/NumberText.h"
 #include "core/engine/Substitution.h"
 
 #include <QRandomGenerator>
-#include <QTest>
 #include <QThread>
 
 #include <cmath>
@@ -143,70 +143,65 @@ class EvaluatorTest : public QObject {
 
 private slots:
     void TheValue_data();
-    void TheValue();
+    void TheValue() { CheckRow(); }
     void ARefusal_data();
-    void ARefusal();
+    void ARefusal() { CheckRow(); }
     void OverflowIsAValue();
     void AgreesWithThePlainRecursion();
     void VariablesAgreeWithTheirText();
     void LiteralsAgreeWithTheToolkit();
     void Substitution_data();
-    void Substitution();
+    void Substitution() { CheckRow(); }
     void DepthIsBoundedByMemory_data();
-    void DepthIsBoundedByMemory();
+    void DepthIsBoundedByMemory() { CheckRow(); }
 };
 
 void EvaluatorTest::TheValue_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<double>("value");
+    const Table row([](const QString& text, double expected) {
+        const std::optional<double> value = Evaluate(text);
+        QVERIFY(value);
+        QCOMPARE(*value, expected);
+    });
     // clang-format off
-    QTest::newRow("product before sum")                           << "1+2*3"               << 7.0;
-    QTest::newRow("power binds tighter than the minus before it") << "-2^2"                << -4.0;
-    QTest::newRow("power takes a sign behind it")                 << "2^-1"                << 0.5;
-    QTest::newRow("powers group to the right")                    << "2^3^2"               << 512.0;
-    QTest::newRow("percent divides and nothing else")             << "200+10%"             << 200.1;
-    QTest::newRow("percent belongs to the exponent")              << "2^300%"              << 8.0;
-    QTest::newRow("factorial belongs to the exponent")            << "2^3!"                << 64.0;
-    QTest::newRow("factorial before power")                       << "2!^3"                << 8.0;
-    QTest::newRow("postfix signs repeat")                         << "3!!"                 << 720.0;
-    QTest::newRow("zero has a factorial")                         << "0!"                  << 1.0;
-    QTest::newRow("signs repeat")                                 << "+-+-3"               << 3.0;
-    QTest::newRow("division groups to the left")                  << "8/4/2"               << 1.0;
-    QTest::newRow("the division sign")                            << u"9÷3"_qs             << 3.0;
-    QTest::newRow("a number before a bracket")                    << "2(3+4)"              << 14.0;
-    QTest::newRow("brackets side by side")                        << "(2)(3)"              << 6.0;
-    QTest::newRow("a number before a name")                       << "2PI"                 << 6.283185307179586;
-    QTest::newRow("a bracket before a name")                      << "(2) pi"              << 6.283185307179586;
-    QTest::newRow("a constant before a bracket is a product")     << "PI(2)"               << 6.283185307179586;
-    QTest::newRow("an implied product binds like a written one")  << "8/2(4)"              << 16.0;
-    QTest::newRow("an implied product after a power")             << "2^3(4)"              << 32.0;
-    QTest::newRow("names in any case")                            << "Euler"               << 2.718281828459045;
-    QTest::newRow("a dotless i is an i in capitals")              << u"2pı"_qs             << 6.283185307179586;
-    QTest::newRow("blanks and tabs between tokens")               << " 1 +\t2 "            << 3.0;
-    QTest::newRow("a no-break space is a blank")                  << u"1\u00a0+ 2"_qs      << 3.0;
-    QTest::newRow("a call")                                       << "sqrt ( 16 )"         << 4.0;
-    QTest::newRow("calls nest")                                   << "ROUND(2, SQRT(2))"   << 1.41;
-    QTest::newRow("a call before a bracket")                      << "ABS(-2)(3)"          << 6.0;
-    QTest::newRow("an argument is an expression")                 << "ATAN2(2-2, -1+2)"    << 0.0;
-    QTest::newRow("exponents")                                    << "1e3+1E+3+1e-3"       << 2000.001;
-    QTest::newRow("a point may lead or trail")                    << "3.+.5"               << 3.5;
-    QTest::newRow("a hexadecimal literal")                        << "0XfF+0b101+0o17"     << 275.0;
-    QTest::newRow("the largest literal of a base")                << "0x1FFFFFFFFFFFFF"    << 9007199254740991.0;
+    row("product before sum",                           "1+2*3",               7.0);
+    row("power binds tighter than the minus before it", "-2^2",                -4.0);
+    row("power takes a sign behind it",                 "2^-1",                0.5);
+    row("powers group to the right",                    "2^3^2",               512.0);
+    row("percent divides and nothing else",             "200+10%",             200.1);
+    row("percent belongs to the exponent",              "2^300%",              8.0);
+    row("factorial belongs to the exponent",            "2^3!",                64.0);
+    row("factorial before power",                       "2!^3",                8.0);
+    row("postfix signs repeat",                         "3!!",                 720.0);
+    row("zero has a factorial",                         "0!",                  1.0);
+    row("signs repeat",                                 "+-+-3",               3.0);
+    row("division groups to the left",                  "8/4/2",               1.0);
+    row("the division sign",                            u"9÷3"_qs,             3.0);
+    row("a number before a bracket",                    "2(3+4)",              14.0);
+    row("brackets side by side",                        "(2)(3)",              6.0);
+    row("a number before a name",                       "2PI",                 6.283185307179586);
+    row("a bracket before a name",                      "(2) pi",              6.283185307179586);
+    row("a constant before a bracket is a product",     "PI(2)",               6.283185307179586);
+    row("an implied product binds like a written one",  "8/2(4)",              16.0);
+    row("an implied product after a power",             "2^3(4)",              32.0);
+    row("names in any case",                            "Euler",               2.718281828459045);
+    row("a dotless i is an i in capitals",              u"2pı"_qs,             6.283185307179586);
+    row("blanks and tabs between tokens",               " 1 +\t2 ",            3.0);
+    row("a no-break space is a blank",                  u"1\u00a0+ 2"_qs,      3.0);
+    row("a call",                                       "sqrt ( 16 )",         4.0);
+    row("calls nest",                                   "ROUND(2, SQRT(2))",   1.41);
+    row("a call before a bracket",                      "ABS(-2)(3)",          6.0);
+    row("an argument is an expression",                 "ATAN2(2-2, -1+2)",    0.0);
+    row("exponents",                                    "1e3+1E+3+1e-3",       2000.001);
+    row("a point may lead or trail",                    "3.+.5",               3.5);
+    row("a hexadecimal literal",                        "0XfF+0b101+0o17",     275.0);
+    row("the largest literal of a base",                "0x1FFFFFFFFFFFFF",    9007199254740991.0);
     // clang-format on
-}
-
-void EvaluatorTest::TheValue()
-{
-    QFETCH(QString, text);
-    const std::optional<double> value = Evaluate(text);
-    QVERIFY(value);
-    QTEST(*value, "value");
 }
 
 void EvaluatorTest::ARefusal_data()
 {
-    QTest::addColumn<QString>("text");
+    const Table row([](const QString& text) { QVERIFY(!Evaluate(text)); });
     const QStringList refused = {
         "",          "   ",      "()",     "+",      "2+",      "*2",       "2 3",     "(2)3",
         "((2)",      "2)",       "1,2",    "(1,2)",  "1.2.3",   ".",        "1e",      "1e+",
@@ -216,13 +211,7 @@ void EvaluatorTest::ARefusal_data()
         "NOSUCH(1)", "SQRT(-1)", "0b",     "0x",     "0b2",     "0b102",    "0xFG",    "0x20000000000000",
         u"٣"_qs,     u"é"_qs,    u"2²"_qs, "5=5",    "2&3",     "$5"};
     for (const QString& text : refused)
-        QTest::newRow(qPrintable(u"\"" + text + u"\"")) << text;
-}
-
-void EvaluatorTest::ARefusal()
-{
-    QFETCH(QString, text);
-    QVERIFY(!Evaluate(text));
+        row(qPrintable(u"\"" + text + u"\""), text);
 }
 
 void EvaluatorTest::OverflowIsAValue()
@@ -288,62 +277,41 @@ void EvaluatorTest::LiteralsAgreeWithTheToolkit()
 
 void EvaluatorTest::Substitution_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("withANS");
-    QTest::addColumn<QString>("withVariables");
-    QTest::addColumn<QString>("withoutWords");
+    const Table row(
+        [](const QString& text, const QString& withANS, const QString& withVariables, const QString& withoutWords) {
+            const Variables variables = {{"X", 3}, {"E", 2.384185791015625e-07}};
+            QCOMPARE(ReplaceANS(text, -0.5), withANS);
+            QCOMPARE(ReplaceVariables(text, variables), withVariables);
+            QCOMPARE(RemoveNonMathText(text).simplified(), withoutWords);
+        });
     // clang-format off
-    QTest::newRow("a digit may stand before") << "2ANS 2X"       << "2(-0.5) 2X"     << "2ANS 2(3)"       << "2 2";
-    QTest::newRow("not inside a name")        << "XANS ANS2 X2"  << "XANS ANS2 X2"   << "XANS ANS2 X2"    << "2 2";
-    QTest::newRow("in any case")              << "ans+x"         << "(-0.5)+x"       << "ans+(3)"         << "+";
-    QTest::newRow("not inside an exponent")   << "1E+3 2e3 2E"   << "1E+3 2e3 2E"    << "1E+3 2e3 2(2.384185791015625e-07)" << "1E+3 2e3 2";
-    QTest::newRow("not inside a base literal") << "0xE 10E"      << "0xE 10E"        << "0xE 10(2.384185791015625e-07)"   << "0 10";
-    QTest::newRow("commas and words go")      << "cost $1,234.5 + 3 apples" << "cost $1,234.5 + 3 apples" << "cost $1,234.5 + 3 apples" << "1234.5 + 3";
+    row("a digit may stand before", "2ANS 2X",       "2(-0.5) 2X",     "2ANS 2(3)",       "2 2");
+    row("not inside a name",        "XANS ANS2 X2",  "XANS ANS2 X2",   "XANS ANS2 X2",    "2 2");
+    row("in any case",              "ans+x",         "(-0.5)+x",       "ans+(3)",         "+");
+    row("not inside an exponent",   "1E+3 2e3 2E",   "1E+3 2e3 2E",    "1E+3 2e3 2(2.384185791015625e-07)", "1E+3 2e3 2");
+    row("not inside a base literal", "0xE 10E",      "0xE 10E",        "0xE 10(2.384185791015625e-07)",   "0 10");
+    row("commas and words go",      "cost $1,234.5 + 3 apples", "cost $1,234.5 + 3 apples", "cost $1,234.5 + 3 apples", "1234.5 + 3");
     // clang-format on
 }
 
-void EvaluatorTest::Substitution()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, withANS);
-    const Variables variables = {{"X", 3}, {"E", 2.384185791015625e-07}};
-    QCOMPARE(ReplaceANS(text, -0.5), withANS);
-    QTEST(ReplaceVariables(text, variables), "withVariables");
-    QTEST(RemoveNonMathText(text).simplified(), "withoutWords");
-}
-
+// 100,000 levels on the smallest stack that threads are given.
 void EvaluatorTest::DepthIsBoundedByMemory_data()
 {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("behind");
-    QTest::addColumn<double>("value");
-    QTest::newRow("brackets") << "("
-                              << ")" << 1.0;
-    QTest::newRow("signs") << "-"
-                           << "" << 1.0;
-    QTest::newRow("calls") << "sqrt("
-                           << ")" << 1.0;
-    QTest::newRow("powers") << "1^"
-                            << "" << 1.0;
-    QTest::newRow("arguments") << "ROUND(0,"
-                               << ")" << 1.0;
-    QTest::newRow("unclosed") << "sin("
-                              << "" << std::nan("");
-}
-
-// 100,000 levels on the smallest stack that threads are given.
-void EvaluatorTest::DepthIsBoundedByMemory()
-{
-    QFETCH(QString, before);
-    QFETCH(QString, behind);
-    QFETCH(double, value);
-    const QString text = before.repeated(100000) + u'1' + behind.repeated(100000);
-    std::optional<double> result;
-    QScopedPointer<QThread> thread(QThread::create([&] { result = Evaluate(text); }));
-    thread->setStackSize(64 * 1024);
-    thread->start();
-    QVERIFY(thread->wait());
-    QVERIFY(SameValue(result, std::isnan(value) ? std::nullopt : std::optional<double>(value)));
+    const Table row([](const QString& before, const QString& behind, double value) {
+        const QString text = before.repeated(100000) + u'1' + behind.repeated(100000);
+        std::optional<double> result;
+        QScopedPointer<QThread> thread(QThread::create([&] { result = Evaluate(text); }));
+        thread->setStackSize(64 * 1024);
+        thread->start();
+        QVERIFY(thread->wait());
+        QVERIFY(SameValue(result, std::isnan(value) ? std::nullopt : std::optional<double>(value)));
+    });
+    row("brackets", "(", ")", 1.0);
+    row("signs", "-", "", 1.0);
+    row("calls", "sqrt(", ")", 1.0);
+    row("powers", "1^", "", 1.0);
+    row("arguments", "ROUND(0,", ")", 1.0);
+    row("unclosed", "sin(", "", std::nan(""));
 }
 
 QTEST_APPLESS_MAIN(EvaluatorTest)

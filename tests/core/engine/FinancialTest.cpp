@@ -7,7 +7,7 @@ class FinancialTest : public QObject {
 
 private slots:
     void Calls_data();
-    void Calls();
+    void Calls() { CheckRow(); }
     void RateIsTheRootOfItsLoan();
     void SearchEnds();
 };
@@ -16,77 +16,71 @@ private slots:
 // decimal numbers as they stand here. The others by hand.
 void FinancialTest::Calls_data()
 {
-    AddCallColumns();
+    const Table row(
+        [](const QString& calls, double expected) { VerifyCalls(RunFinancialFunction, calls, expected, 1e-10); });
     const double fails = std::nan("");
     // clang-format off
-    QTest::newRow("deposit and payments grow")         << "FV 0.005 120 1000 50"          << 10013.364074355445547;
-    QTest::newRow("withdrawals at a negative rate")    << "FV -0.01 24 1000 -10"          << 571.35628161443792325;
-    QTest::newRow("a deposit alone")                   << "FV 0.05 2.5 100; fv 0.05 2.5 100 0" << 112.97263219470457218;
-    QTest::newRow("present value")                     << "PV 0.08 10 1000"               << 463.19348808468448047;
-    QTest::newRow("present value less payments")       << "PV 0.005 120 10000 50"         << 992.65466728313463279;
-    QTest::newRow("mortgage payment")                  << "PMT 0.005 360 300000"          << 1798.6515754582571838;
-    QTest::newRow("payment to a balloon")              << "PMT 0.01 60 20000 5000"        << 383.66671527352666474;
-    QTest::newRow("payment at a negative rate")        << "PMT -0.01 12 1200"             << 93.619737276691262476;
-    QTest::newRow("payment at a tiny rate")            << "PMT 1e-6 12 1200"              << 100.00065000119166607;
-    QTest::newRow("payment at next to no rate")        << "PMT 1e-12 12 1200"             << 100.0000000000650000000;
-    QTest::newRow("many periods at a tiny rate")       << "NPER 1e-9 1 1000"              << 1000.0005005003335834;
-    QTest::newRow("without interest")                  << "FV 0 10 80 2; PV 9e-16 10 150 5; PMT 0 10 1000; PMT 0 10 1400 400; NPER 0 5 500; BALANCE 0 10 1000 9" << 100.0;
-    QTest::newRow("number of payments")                << "NPER 0.005 600 25000"          << 46.839680564951384949;
-    QTest::newRow("number of payments to a balloon")   << "NPER 0.01 500 20000 5000"      << 40.74890715609405773;
-    QTest::newRow("back in time without interest")     << "NPER 0 50 1000 1100"           << -2.0;
-    QTest::newRow("rate of a loan")                    << "RATE 60 483.32 25000"          << 0.004999997259014510023;
-    QTest::newRow("rate of a loan with a balloon")     << "RATE 48 400 20000 5000"        << 0.0067018180124382879845;
-    QTest::newRow("rate of a loan not repaid in full") << "RATE 10 90 1000"               << -0.018711665422904579209;
-    QTest::newRow("rate of growth without payments")   << "RATE 5 0 100 200"              << 0.1486983549970350068;
-    QTest::newRow("rate where all seeds overflow")     << "RATE 100000 1 1000"            << 0.001;
-    QTest::newRow("rate beyond all seeds")             << "RATE 1 3000 1; IRR -1 3000"    << 2999.0;
-    QTest::newRow("first interest")                    << "IPMT 0.005 1 360 300000"       << 1500.0;
-    QTest::newRow("interest half-way")                 << "IPMT 0.005 180 360 300000"     << 1069.3790295009469872;
-    QTest::newRow("principal half-way")                << "PPMT 0.005 180 360 300000"     << 729.27254595731019655;
-    QTest::newRow("balance half-way")                  << "BALANCE 0.005 360 300000 180"  << 213146.53335423208725;
-    QTest::newRow("total interest")                    << "INTEREST 0.005 360 300000"     << 347514.56716497258616;
-    QTest::newRow("monthly compounding")               << "COMPOUND 1000 0.06 12 5"       << 1348.8501525493160693;
-    QTest::newRow("daily compounding")                 << "COMPOUND 1000 0.05 365 2.5"    << 1133.1387523807825365;
-    QTest::newRow("an annual loss above all, shared")  << "COMPOUND 1000 -2 4 0.5"        << 250.0;
-    QTest::newRow("effective yield")                   << "APY 0.06 12"                   << 0.06167781186449956879;
-    QTest::newRow("nominal rate")                      << "APR 0.05 4"                    << 0.049088937716157082973;
-    QTest::newRow("the first flow is today's")         << "NPV 0.1 -1000 300 400 500"     << -21.03681442524417731;
-    QTest::newRow("flows at a negative rate")          << "NPV -0.5 -1000 300 400 500; NPV 3 5200" << 5200.0;
-    QTest::newRow("internal rate")                     << "IRR -1000 300 400 500"         << 0.088963394693349935318;
-    QTest::newRow("internal rate of a loss")           << "IRR -1000 200 300 100"         << -0.23600396689700827799;
-    QTest::newRow("internal rate near total loss")     << "IRR -1000 1"                   << -0.999;
-    QTest::newRow("flows whose rounding hides zero")   << "IRR -1e9 1e8 2e8 3e8 4e8 5e8"  << 0.1200576195419627267;
-    QTest::newRow("of two roots the likelier")         << "IRR -1600 10000 -10000"        << 0.25;
-    QTest::newRow("growth a year")                     << "CAGR 10 500 7"                 << 0.74867862159013998097;
-    QTest::newRow("shares")                            << "ROI -50 -62.5; PERCENTCHANGE 80 100; MARGIN 80 60" << 0.25;
-    QTest::newRow("prices")                            << "MARKUP 48 0.25; TAX 80 -0.25; DISCOUNT 80 0.25" << 60.0;
+    row("deposit and payments grow",         "FV 0.005 120 1000 50",          10013.364074355445547);
+    row("withdrawals at a negative rate",    "FV -0.01 24 1000 -10",          571.35628161443792325);
+    row("a deposit alone",                   "FV 0.05 2.5 100; fv 0.05 2.5 100 0", 112.97263219470457218);
+    row("present value",                     "PV 0.08 10 1000",               463.19348808468448047);
+    row("present value less payments",       "PV 0.005 120 10000 50",         992.65466728313463279);
+    row("mortgage payment",                  "PMT 0.005 360 300000",          1798.6515754582571838);
+    row("payment to a balloon",              "PMT 0.01 60 20000 5000",        383.66671527352666474);
+    row("payment at a negative rate",        "PMT -0.01 12 1200",             93.619737276691262476);
+    row("payment at a tiny rate",            "PMT 1e-6 12 1200",              100.00065000119166607);
+    row("payment at next to no rate",        "PMT 1e-12 12 1200",             100.0000000000650000000);
+    row("many periods at a tiny rate",       "NPER 1e-9 1 1000",              1000.0005005003335834);
+    row("without interest",                  "FV 0 10 80 2; PV 9e-16 10 150 5; PMT 0 10 1000; PMT 0 10 1400 400; NPER 0 5 500; BALANCE 0 10 1000 9", 100.0);
+    row("number of payments",                "NPER 0.005 600 25000",          46.839680564951384949);
+    row("number of payments to a balloon",   "NPER 0.01 500 20000 5000",      40.74890715609405773);
+    row("back in time without interest",     "NPER 0 50 1000 1100",           -2.0);
+    row("rate of a loan",                    "RATE 60 483.32 25000",          0.004999997259014510023);
+    row("rate of a loan with a balloon",     "RATE 48 400 20000 5000",        0.0067018180124382879845);
+    row("rate of a loan not repaid in full", "RATE 10 90 1000",               -0.018711665422904579209);
+    row("rate of growth without payments",   "RATE 5 0 100 200",              0.1486983549970350068);
+    row("rate where all seeds overflow",     "RATE 100000 1 1000",            0.001);
+    row("rate beyond all seeds",             "RATE 1 3000 1; IRR -1 3000",    2999.0);
+    row("first interest",                    "IPMT 0.005 1 360 300000",       1500.0);
+    row("interest half-way",                 "IPMT 0.005 180 360 300000",     1069.3790295009469872);
+    row("principal half-way",                "PPMT 0.005 180 360 300000",     729.27254595731019655);
+    row("balance half-way",                  "BALANCE 0.005 360 300000 180",  213146.53335423208725);
+    row("total interest",                    "INTEREST 0.005 360 300000",     347514.56716497258616);
+    row("monthly compounding",               "COMPOUND 1000 0.06 12 5",       1348.8501525493160693);
+    row("daily compounding",                 "COMPOUND 1000 0.05 365 2.5",    1133.1387523807825365);
+    row("an annual loss above all, shared",  "COMPOUND 1000 -2 4 0.5",        250.0);
+    row("effective yield",                   "APY 0.06 12",                   0.06167781186449956879);
+    row("nominal rate",                      "APR 0.05 4",                    0.049088937716157082973);
+    row("the first flow is today's",         "NPV 0.1 -1000 300 400 500",     -21.03681442524417731);
+    row("flows at a negative rate",          "NPV -0.5 -1000 300 400 500; NPV 3 5200", 5200.0);
+    row("internal rate",                     "IRR -1000 300 400 500",         0.088963394693349935318);
+    row("internal rate of a loss",           "IRR -1000 200 300 100",         -0.23600396689700827799);
+    row("internal rate near total loss",     "IRR -1000 1",                   -0.999);
+    row("flows whose rounding hides zero",   "IRR -1e9 1e8 2e8 3e8 4e8 5e8",  0.1200576195419627267);
+    row("of two roots the likelier",         "IRR -1600 10000 -10000",        0.25);
+    row("growth a year",                     "CAGR 10 500 7",                 0.74867862159013998097);
+    row("shares",                            "ROI -50 -62.5; PERCENTCHANGE 80 100; MARGIN 80 60", 0.25);
+    row("prices",                            "MARKUP 48 0.25; TAX 80 -0.25; DISCOUNT 80 0.25", 60.0);
 
-    QTest::newRow("a rate of -1 or less")     << "FV -1 2 100; PV -1 2 100; PMT -1 10 1; NPER -2 50 1; IPMT -1 1 2 3; BALANCE -1 2 3 1; NPV -1 5 5; APR -1 12" << fails;
-    QTest::newRow("all lost at once")         << "COMPOUND 1 -12 12 1; APY -12 12"                     << fails;
-    QTest::newRow("negative time")            << "FV 0.1 -1 100; PV 0.1 -1 100; COMPOUND 1 0.1 1 -1"   << fails;
-    QTest::newRow("no periods")               << "PMT 0 0 1; RATE 0 50 1; BALANCE 0.01 0 1 0; INTEREST 0 0 1; COMPOUND 1 0.1 0 1; APY 0.1 0; APR 0.1 0; CAGR 5 5 0" << fails;
-    QTest::newRow("negative loan")            << "PMT 0.01 10 -1; NPER 0 50 -1; RATE 10 50 -1; IPMT 0.01 1 10 -1; PPMT 0.01 1 10 -1; BALANCE 0.01 10 -1 1; INTEREST 0.01 10 -1" << fails;
-    QTest::newRow("negative balloon")         << "PMT 0.01 10 1 -1; NPER 0 50 1 -1; RATE 10 50 1000 -1" << fails;
-    QTest::newRow("payment out of range")     << "NPER 0.01 0 1000; NPER 0 0 1000; RATE 10 -50 1000"   << fails;
-    QTest::newRow("payment below interest")   << "NPER 0.01 10 1000; NPER 0.01 10 100 1000"            << fails;
-    QTest::newRow("back in time with interest") << "NPER 0.01 50 1000 1100"                            << fails;
-    QTest::newRow("growth too small to see")  << "PMT 1e-15 0.1 1; PMT 1e-15 0.4 1"                     << fails;
-    QTest::newRow("beyond the doubles")       << "FV 1 2000 100; PV -0.9999 1e6 100; PMT 1 2000 1; COMPOUND 1 1 1 2000; MARKUP 1e308 1; NPV -0.9999999 1 0 1e300" << fails;
-    QTest::newRow("period outside the loan")  << "IPMT 0.01 0 10 100; IPMT 0.01 10.5 10 100; PPMT 0.01 0 10 100; PPMT 0.01 11 10 100" << fails;
-    QTest::newRow("payments outside the loan") << "BALANCE 0.01 10 100 -1; BALANCE 0.01 10 100 11"     << fails;
-    QTest::newRow("no such rate")             << "RATE 10 500 0; RATE 1 2e6 1; IRR 100 -150 100"       << fails;
-    QTest::newRow("flows of one sign")        << "IRR 100 0 200; IRR -100 0"                           << fails;
-    QTest::newRow("a share of nothing")       << "ROI 0 5; PERCENTCHANGE 0 5; MARGIN 0 1; CAGR 0 5 1; CAGR 5 0 1" << fails;
-    QTest::newRow("too few arguments")        << "FV 0 1; PV 0 1; PMT 0 1; NPER 0 1; RATE 1 2; IPMT 0 1 2; PPMT 0 1 2; BALANCE 0 2 1; INTEREST 0 1; COMPOUND 1 1 1; APY 1; APR 1; NPV 0; IRR 1; ROI 1; PERCENTCHANGE 1; CAGR 1 2; MARKUP 1; MARGIN 1; DISCOUNT 1; TAX" << fails;
-    QTest::newRow("too many arguments")       << "FV 0 1 1 1 1; PV 0 1 1 1 1; PMT 0 1 1 1 1; NPER 0 1 1 1 1; RATE 1 2 1 1 1; IPMT 0 1 2 1 1; PPMT 0 1 2 1 1; BALANCE 0 2 1 1 1; INTEREST 0 1 1 1; COMPOUND 1 1 1 1 1; APY 1 1 1; APR 1 1 1; ROI 1 1 1; PERCENTCHANGE 1 1 1; CAGR 1 2 1 1; MARKUP 1 1 1; MARGIN 1 1 1; DISCOUNT 1 1 1; TAX 1 1 1" << fails;
+    row("a rate of -1 or less",     "FV -1 2 100; PV -1 2 100; PMT -1 10 1; NPER -2 50 1; IPMT -1 1 2 3; BALANCE -1 2 3 1; NPV -1 5 5; APR -1 12", fails);
+    row("all lost at once",         "COMPOUND 1 -12 12 1; APY -12 12",                     fails);
+    row("negative time",            "FV 0.1 -1 100; PV 0.1 -1 100; COMPOUND 1 0.1 1 -1",   fails);
+    row("no periods",               "PMT 0 0 1; RATE 0 50 1; BALANCE 0.01 0 1 0; INTEREST 0 0 1; COMPOUND 1 0.1 0 1; APY 0.1 0; APR 0.1 0; CAGR 5 5 0", fails);
+    row("negative loan",            "PMT 0.01 10 -1; NPER 0 50 -1; RATE 10 50 -1; IPMT 0.01 1 10 -1; PPMT 0.01 1 10 -1; BALANCE 0.01 10 -1 1; INTEREST 0.01 10 -1", fails);
+    row("negative balloon",         "PMT 0.01 10 1 -1; NPER 0 50 1 -1; RATE 10 50 1000 -1", fails);
+    row("payment out of range",     "NPER 0.01 0 1000; NPER 0 0 1000; RATE 10 -50 1000",   fails);
+    row("payment below interest",   "NPER 0.01 10 1000; NPER 0.01 10 100 1000",            fails);
+    row("back in time with interest", "NPER 0.01 50 1000 1100",                            fails);
+    row("growth too small to see",  "PMT 1e-15 0.1 1; PMT 1e-15 0.4 1",                     fails);
+    row("beyond the doubles",       "FV 1 2000 100; PV -0.9999 1e6 100; PMT 1 2000 1; COMPOUND 1 1 1 2000; MARKUP 1e308 1; NPV -0.9999999 1 0 1e300", fails);
+    row("period outside the loan",  "IPMT 0.01 0 10 100; IPMT 0.01 10.5 10 100; PPMT 0.01 0 10 100; PPMT 0.01 11 10 100", fails);
+    row("payments outside the loan", "BALANCE 0.01 10 100 -1; BALANCE 0.01 10 100 11",     fails);
+    row("no such rate",             "RATE 10 500 0; RATE 1 2e6 1; IRR 100 -150 100",       fails);
+    row("flows of one sign",        "IRR 100 0 200; IRR -100 0",                           fails);
+    row("a share of nothing",       "ROI 0 5; PERCENTCHANGE 0 5; MARGIN 0 1; CAGR 0 5 1; CAGR 5 0 1", fails);
+    row("too few arguments",        "FV 0 1; PV 0 1; PMT 0 1; NPER 0 1; RATE 1 2; IPMT 0 1 2; PPMT 0 1 2; BALANCE 0 2 1; INTEREST 0 1; COMPOUND 1 1 1; APY 1; APR 1; NPV 0; IRR 1; ROI 1; PERCENTCHANGE 1; CAGR 1 2; MARKUP 1; MARGIN 1; DISCOUNT 1; TAX", fails);
+    row("too many arguments",       "FV 0 1 1 1 1; PV 0 1 1 1 1; PMT 0 1 1 1 1; NPER 0 1 1 1 1; RATE 1 2 1 1 1; IPMT 0 1 2 1 1; PPMT 0 1 2 1 1; BALANCE 0 2 1 1 1; INTEREST 0 1 1 1; COMPOUND 1 1 1 1 1; APY 1 1 1; APR 1 1 1; ROI 1 1 1; PERCENTCHANGE 1 1 1; CAGR 1 2 1 1; MARKUP 1 1 1; MARGIN 1 1 1; DISCOUNT 1 1 1; TAX 1 1 1", fails);
     // clang-format on
-}
-
-void FinancialTest::Calls()
-{
-    QFETCH(QString, calls);
-    QFETCH(double, expected);
-    VerifyCalls(RunFinancialFunction, calls, expected, 1e-10);
 }
 
 // The payment of a known rate, computed in extended precision, must lead back to that rate.

@@ -1,7 +1,7 @@
 #include "core/engine/Fractions.h"
+#include "../Table.h"
 
 #include <QRandomGenerator>
-#include <QTest>
 
 #include <cmath>
 #include <numbers>
@@ -79,76 +79,59 @@ class FractionsTest : public QObject {
 
 private slots:
     void Commands_data();
-    void Commands();
+    void Commands() { CheckRow(); }
     void Texts_data();
-    void Texts();
+    void Texts() { CheckRow(); }
     void AgreesWithThePlainLoops();
 };
 
 void FractionsTest::Commands_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<bool>("isCommand");
-    QTest::addColumn<QString>("expression");
+    const Table row([](const QString& line, bool isCommand, const QString& expected) {
+        QString expression;
+        QCOMPARE(MatchFractionCommand(line, expression), isCommand);
+        QCOMPARE(expression, expected);
+    });
     // clang-format off
-    QTest::newRow("any case, blanks")           << " fraction ( 0.5 ) " << true  << "0.5";
-    QTest::newRow("the last bracket closes")    << "FRACTION((1)/(3))"  << true  << "(1)/(3)";
-    QTest::newRow("nothing between")            << "FRACTION( )"        << true  << "";
-    QTest::newRow("never closed")               << "FRACTION("          << true  << "";
-    QTest::newRow("something behind")           << "FRACTION(1)+1"      << true  << "";
-    QTest::newRow("no bracket")                 << "FRACTION"           << false << "";
-    QTest::newRow("another name")               << "FRACTIONS(1)"       << false << "";
+    row("any case, blanks",           " fraction ( 0.5 ) ", true,  "0.5");
+    row("the last bracket closes",    "FRACTION((1)/(3))",  true,  "(1)/(3)");
+    row("nothing between",            "FRACTION( )",        true,  "");
+    row("never closed",               "FRACTION(",          true,  "");
+    row("something behind",           "FRACTION(1)+1",      true,  "");
+    row("no bracket",                 "FRACTION",           false, "");
+    row("another name",               "FRACTIONS(1)",       false, "");
     // clang-format on
-}
-
-void FractionsTest::Commands()
-{
-    QFETCH(QString, line);
-    QString expression;
-    QTEST(MatchFractionCommand(line, expression), "isCommand");
-    QTEST(expression, "expression");
 }
 
 void FractionsTest::Texts_data()
 {
-    QTest::addColumn<double>("value");
-    QTest::addColumn<QString>("text"); // empty: no fraction
-    const QString heading = u"\n\nApproximate Values\n"_s;
+    // Nothing simple: no fraction.
+    const Table row([](double value, const QString& simple, const QString& rows) {
+        const QString text = FractionText(value).value_or(QString());
+        QCOMPARE(text, simple.isEmpty() ? simple : QString(simple + "\n\nApproximate Values\n" + rows));
+    });
     // clang-format off
-    QTest::newRow("a row that a shorter one has is left out")
-        << 0.75 << u"3/4"_s + heading + u"3/4  0.75              error 0"_s;
-    QTest::newRow("whole numbers have a denominator")
-        << 5.0 << u"5/1"_s + heading + u"5/1  5                 error 0"_s;
-    QTest::newRow("the sign is the numerator's")
-        << -0.15 << u"-3/20"_s + heading + u"-1/7   -0.142857142857   error 0.00714285714286\n"
-                                            "-3/20  -0.15             error 0"_s;
-    QTest::newRow("the first of equals stays")
-        << 1 / 18.0 << u"1/18"_s + heading + u"0/1   0                 error 0.0555555555556\n"
-                                             "1/18  0.0555555555556   error 0"_s;
-    QTest::newRow("no zero is negative") << -0.0 << u"0/1"_s + heading + u"0/1  0                 error 0"_s;
-    QTest::newRow("what is within the tolerance of zero is zero")
-        << -1e-18 << u"0/1"_s + heading + u"0/1  0                 error 0"_s;
+    row("a row that a shorter one has is left out",      0.75,   "3/4", "3/4  0.75              error 0");
+    row("whole numbers have a denominator",              5.0,    "5/1", "5/1  5                 error 0");
+    row("no zero is negative",                           -0.0,   "0/1", "0/1  0                 error 0");
+    row("what is within the tolerance of zero is zero",  -1e-18, "0/1", "0/1  0                 error 0");
+    row("the sign is the numerator's", -0.15, "-3/20", "-1/7   -0.142857142857   error 0.00714285714286\n"
+                                                       "-3/20  -0.15             error 0");
+    row("the first of equals stays",  1 / 18.0, "1/18", "0/1   0                 error 0.0555555555556\n"
+                                                        "1/18  0.0555555555556   error 0");
+    row("the largest that fits", -9e18, "-9000000000000000000/1", "-9000000000000000000/1  -9e+18            error 0");
     // Nearest fractions by rational arithmetic; the errors of the last two rows are those of a 64-bit mantissa.
-    QTest::newRow("no simple fraction: the decimals; four digits have nothing new")
-        << std::numbers::pi << u"314159265358979/100000000000000"_s + heading +
-                               u"22/7            3.14285714286     error 0.00126448926735\n"
-                               "311/99          3.14141414141     error 0.000178512175649\n"
-                               "355/113         3.14159292035     error 2.66764192301e-07\n"
-                               "312689/99532    3.14159265362     error 2.91466234828e-11\n"
-                               "3126535/995207  3.14159265359     error 1.13959861513e-12"_s;
-    QTest::newRow("eighteen decimals are the most")   << 1e-19           << QString();
-    QTest::newRow("more than 64 bits")                << 1e19            << QString();
-    QTest::newRow("the largest that fits")            << -9e18           << u"-9000000000000000000/1"_s + heading +
-                                                                                u"-9000000000000000000/1  -9e+18            error 0"_s;
-    QTest::newRow("infinity has none")                << HUGE_VAL        << QString();
-    QTest::newRow("NaN has none")                     << std::nan("")    << QString();
+    row("no simple fraction: the decimals; four digits have nothing new",
+        std::numbers::pi, "314159265358979/100000000000000", "22/7            3.14285714286     error 0.00126448926735\n"
+                                                             "311/99          3.14141414141     error 0.000178512175649\n"
+                                                             "355/113         3.14159292035     error 2.66764192301e-07\n"
+                                                             "312689/99532    3.14159265362     error 2.91466234828e-11\n"
+                                                             "3126535/995207  3.14159265359     error 1.13959861513e-12");
+    row("eighteen decimals are the most", 1e-19,        "", "");
+    row("more than 64 bits",              1e19,         "", "");
+    row("infinity has none",              HUGE_VAL,     "", "");
+    row("NaN has none",                   std::nan(""), "", "");
     // clang-format on
-}
-
-void FractionsTest::Texts()
-{
-    QFETCH(double, value);
-    QTEST(FractionText(value).value_or(QString()), "text");
 }
 
 void FractionsTest::AgreesWithThePlainLoops()

@@ -1,6 +1,5 @@
 #include "core/engine/FunctionTable.h"
-
-#include <QTest>
+#include "../Table.h"
 
 #include <cmath>
 
@@ -36,39 +35,31 @@ class FunctionTableTest : public QObject {
 
 private slots:
     void Call_data();
-    void Call();
+    void Call() { CheckRow(); }
 };
 
 void FunctionTableTest::Call_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QList<double>>("arguments");
-    QTest::addColumn<bool>("handled");
-    QTest::addColumn<bool>("ok");
-    QTest::addColumn<double>("value");
+    const Table row([](const QString& name, const QList<double>& arguments, bool expectedHandled, bool expectedOk,
+                       double expectedValue) {
+        bool ok = false;
+        bool handled = false;
+        const double value = RunLibraryFunction(library, name, arguments, ok, handled);
+        QCOMPARE(handled, expectedHandled);
+        QCOMPARE(ok, expectedOk);
+        QCOMPARE(value, expectedValue);
+    });
     using List = QList<double>;
     // clang-format off
-    QTest::newRow("a call in its domain has its value")    << "HALF"     << List{3}           << true  << true  << 1.5;
-    QTest::newRow("too few arguments fail")                << "HALF"     << List{}            << true  << false << 0.0;
-    QTest::newRow("too many arguments fail")               << "HALF"     << List{1, 2, 3}     << true  << false << 0.0;
-    QTest::newRow("an infinite argument fails")            << "HALF"     << List{HUGE_VAL}    << true  << false << 0.0;
-    QTest::newRow("NaN fails")                             << "HALF"     << List{std::nan("")} << true << false << 0.0;
-    QTest::newRow("an infinite result fails")              << "OVERFLOW" << List{}            << true  << false << 0.0;
-    QTest::newRow("a refusal is the library's last word")  << "REFUSE"   << List{1}           << true  << false << 0.0;
-    QTest::newRow("another name is not the library's")     << "TWICE"    << List{1}           << false << false << 0.0;
+    row("a call in its domain has its value",    "HALF",     List{3},           true,  true,  1.5);
+    row("too few arguments fail",                "HALF",     List{},            true,  false, 0.0);
+    row("too many arguments fail",               "HALF",     List{1, 2, 3},     true,  false, 0.0);
+    row("an infinite argument fails",            "HALF",     List{HUGE_VAL},    true,  false, 0.0);
+    row("NaN fails",                             "HALF",     List{std::nan("")}, true, false, 0.0);
+    row("an infinite result fails",              "OVERFLOW", List{},            true,  false, 0.0);
+    row("a refusal is the library's last word",  "REFUSE",   List{1},           true,  false, 0.0);
+    row("another name is not the library's",     "TWICE",    List{1},           false, false, 0.0);
     // clang-format on
-}
-
-void FunctionTableTest::Call()
-{
-    QFETCH(QString, name);
-    QFETCH(QList<double>, arguments);
-    bool ok = false;
-    bool handled = false;
-    const double value = RunLibraryFunction(library, name, arguments, ok, handled);
-    QTEST(handled, "handled");
-    QTEST(ok, "ok");
-    QTEST(value, "value");
 }
 
 QTEST_APPLESS_MAIN(FunctionTableTest)

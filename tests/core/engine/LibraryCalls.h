@@ -1,8 +1,9 @@
 // Calls of a function library written as text, several of one rule together: "FV 0 10 100 5; PMT 0 10 1000".
 #pragma once
 
+#include "../Table.h"
+
 #include <QStringList>
-#include <QTest>
 
 #include <cmath>
 
@@ -26,11 +27,4 @@ inline void VerifyCalls(RunLibrary run, const QString& calls, double expected, d
         QVERIFY2(ok != std::isnan(expected), found);
         QVERIFY2(ok ? std::fabs(value - expected) <= relative * std::fabs(expected) : value == 0, found);
     }
-}
-
-/// Rows of VerifyCalls.
-inline void AddCallColumns()
-{
-    QTest::addColumn<QString>("calls");
-    QTest::addColumn<double>("expected");
 }

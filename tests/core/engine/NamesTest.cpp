@@ -1,5 +1,6 @@
 // The language's names stand in several tables, each for a use of its own: what runs a function, what describes it,
 // what is closed to variables, and what is no unknown of an equation. No name may be missing in one of them.
+#include "../Table.h"
 #include "core/engine/Functions.h"
 #include "core/engine/ReservedNames.h"
 #include "core/engine/SyntaxCatalog.h"
@@ -7,7 +8,6 @@
 #include "core/solver/EquationText.h"
 
 #include <QSet>
-#include <QTest>
 
 namespace {
 
@@ -32,7 +32,7 @@ private slots:
     void EveryDescribedFunctionRuns();
     void EveryDescribedWordIsReserved();
     void NamesOfVariables_data();
-    void NamesOfVariables();
+    void NamesOfVariables() { CheckRow(); }
 };
 
 void NamesTest::EveryFunctionIsDescribedAndReserved()
@@ -85,31 +85,25 @@ void NamesTest::EveryDescribedWordIsReserved()
 
 void NamesTest::NamesOfVariables_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("expression");
+    const Table row([](const QString& text, const QString& expectedName, const QString& expectedExpression) {
+        QString name;
+        QString expression;
+        const bool assignment = ParseVariableAssignment(text, name, expression);
+        QCOMPARE(name, expectedName);
+        QCOMPARE(expression, expectedExpression);
+        QCOMPARE(assignment, !name.isEmpty());
+    });
     // clang-format off
-    QTest::newRow("trimmed on both sides")     << " rate_2 =  5 " << "rate_2" << "5";
-    QTest::newRow("an underscore may lead")    << "_=1"           << "_"      << "1";
-    QTest::newRow("without a value")           << "x ="           << "x"      << "";
-    QTest::newRow("no equal sign")             << "x"             << ""       << "";
-    QTest::newRow("two equal signs")           << "x == 2"        << ""       << "";
-    QTest::newRow("a name cannot begin so")    << "2x = 4"        << ""       << "";
-    QTest::newRow("an expression is no name")  << "x + 1 = 4"     << ""       << "";
-    QTest::newRow("ASCII only")                << "é = 4"         << ""       << "";
-    QTest::newRow("no name at all")            << "= 4"           << ""       << "";
+    row("trimmed on both sides",     " rate_2 =  5 ", "rate_2", "5");
+    row("an underscore may lead",    "_=1",           "_",      "1");
+    row("without a value",           "x =",           "x",      "");
+    row("no equal sign",             "x",             "",       "");
+    row("two equal signs",           "x == 2",        "",       "");
+    row("a name cannot begin so",    "2x = 4",        "",       "");
+    row("an expression is no name",  "x + 1 = 4",     "",       "");
+    row("ASCII only",                "é = 4",         "",       "");
+    row("no name at all",            "= 4",           "",       "");
     // clang-format on
-}
-
-void NamesTest::NamesOfVariables()
-{
-    QFETCH(QString, text);
-    QString name;
-    QString expression;
-    const bool assignment = ParseVariableAssignment(text, name, expression);
-    QTEST(name, "name");
-    QTEST(expression, "expression");
-    QCOMPARE(assignment, !name.isEmpty());
 }
 
 QTEST_APPLESS_MAIN(NamesTest)

@@ -57,11 +57,11 @@ class StatisticsTest : public QObject {
 
 private slots:
     void Reference_data();
-    void Reference();
+    void Reference() { CheckRow(); }
     void Calls_data();
-    void Calls();
+    void Calls() { CheckRow(); }
     void Random_data();
-    void Random();
+    void Random() { CheckRow(); }
     void GlobalRandom();
 };
 
@@ -69,130 +69,104 @@ private slots:
 // Michelso, Lew). The deviation's tolerance is what doubles and one pass leave of it: some 1e-16 of the mean.
 void StatisticsTest::Reference_data()
 {
-    QTest::addColumn<QList<double>>("values");
-    QTest::addColumn<double>("mean");
-    QTest::addColumn<double>("deviation");
-    QTest::addColumn<double>("tolerance");
+    const Table row([](const QList<double>& values, double mean, double deviation, double tolerance) {
+        const auto call = [&values](const QString& name) {
+            bool ok = false;
+            bool handled = false;
+            const double value = RunStatisticsFunction(name, values, ok, handled);
+            return ok ? value : std::nan("");
+        };
+        QVERIFY(std::fabs(call(QStringLiteral("AVG")) - mean) <= 1e-14 * std::fabs(mean));
+        QVERIFY(std::fabs(call(QStringLiteral("STDEV")) - deviation) <= tolerance * deviation);
+    });
     // clang-format off
-    QTest::newRow("whole numbers")      << QList<double>{10000001, 10000003, 10000002} << 10000002.0 << 1.0 << 0.0;
-    QTest::newRow("alternating at 1")   << Alternating(1)    << 1.2        << 0.1                << 1e-14;
-    QTest::newRow("alternating at 1e6") << Alternating(1e6)  << 1000000.2  << 0.1                << 1e-9;
-    QTest::newRow("alternating at 1e7") << Alternating(1e7)  << 10000000.2 << 0.1                << 1e-8;
-    QTest::newRow("speed of light")     << SpeedOfLight()    << 299.8524   << 0.0790105478190518 << 1e-12;
-    QTest::newRow("beam")               << BeamDeflections() << -177.435   << 277.332168044316   << 4e-15;
+    row("whole numbers",      QList<double>{10000001, 10000003, 10000002}, 10000002.0, 1.0, 0.0);
+    row("alternating at 1",   Alternating(1),    1.2,        0.1,                1e-14);
+    row("alternating at 1e6", Alternating(1e6),  1000000.2,  0.1,                1e-9);
+    row("alternating at 1e7", Alternating(1e7),  10000000.2, 0.1,                1e-8);
+    row("speed of light",     SpeedOfLight(),    299.8524,   0.0790105478190518, 1e-12);
+    row("beam",               BeamDeflections(), -177.435,   277.332168044316,   4e-15);
     // clang-format on
-}
-
-void StatisticsTest::Reference()
-{
-    QFETCH(QList<double>, values);
-    QFETCH(double, mean);
-    QFETCH(double, deviation);
-    QFETCH(double, tolerance);
-    const auto call = [&values](const QString& name) {
-        bool ok = false;
-        bool handled = false;
-        const double value = RunStatisticsFunction(name, values, ok, handled);
-        return ok ? value : std::nan("");
-    };
-    QVERIFY(std::fabs(call(QStringLiteral("AVG")) - mean) <= 1e-14 * std::fabs(mean));
-    QVERIFY(std::fabs(call(QStringLiteral("STDEV")) - deviation) <= tolerance * deviation);
 }
 
 // Expected values by hand; those with many digits with mpmath at 50 digits.
 void StatisticsTest::Calls_data()
 {
-    AddCallColumns();
+    const Table row(
+        [](const QString& calls, double expected) { VerifyCalls(RunStatisticsFunction, calls, expected, 2e-15); });
     const double fails = std::nan("");
     // clang-format off
-    QTest::newRow("smallest and largest")               << "MIN 3 -1 2; MAX -3 -1 -2; MIN -1; max -1"  << -1.0;
-    QTest::newRow("how many")                           << "COUNT 1 1 1"                               << 3.0;
-    QTest::newRow("a sum goes in the given order")      << "SUM 1e16 1 -1e16 1"                        << 1.0;
-    QTest::newRow("a mean whose sum would overflow")    << "AVG 1e308 1e308 1e308"                     << 1e308;
-    QTest::newRow("middle of a list")                   << "MEDIAN 9 1 5; MEDIAN 9 1 8 2; MEDIAN 5"    << 5.0;
-    QTest::newRow("most frequent value")                << "MODE 2 3 3 4; MODE 4 4 3 5 3"              << 3.0;
-    QTest::newRow("zeros of both signs are one value")  << "MODE -0 5 0"                               << 0.0;
-    QTest::newRow("range")                              << "RANGE 4 -3 1"                              << 7.0;
-    QTest::newRow("sample variance")                    << "VARIANCE 2 4 4 4 5 5 7 9"                  << 32.0 / 7;
-    QTest::newRow("sample deviation")                   << "STDEV 2 4 4 4 5 5 7 9"                     << 2.13808993529939508;
-    QTest::newRow("population variance")                << "VARIANCEP 2 4 4 4 5 5 7 9"                 << 4.0;
-    QTest::newRow("population deviation")               << "STDEVP 2 4 4 4 5 5 7 9"                    << 2.0;
-    QTest::newRow("one value does not deviate")         << "STDEVP 5; VARIANCEP 5; RANGE 5"            << 0.0;
-    QTest::newRow("variance without cancellation")      << "VARIANCE 1000000004 1000000007 1000000013 1000000016" << 30.0;
-    QTest::newRow("geometric mean")                     << "GEOMEAN 3 7 11 13"                         << 7.40267755851090875;
-    QTest::newRow("harmonic mean")                      << "HARMEAN 3 7 11 13"                         << 6.2109617373319545;
-    QTest::newRow("root of the mean square")            << "RMS 3 -7 11 13"                            << 9.32737905308881505;
-    QTest::newRow("means of the hugest")                << "GEOMEAN 1e308 1e308; RMS -1e308 1e308"     << 1e308;
-    QTest::newRow("means of the tiniest")               << "HARMEAN 5e-324 5e-324; RMS 5e-324; GEOMEAN 5e-324" << 5e-324;
-    QTest::newRow("squares keep more than a double")    << "SUMSQ 1e8 -1 1"                            << 10000000000000002.0;
-    QTest::newRow("percentile between two values")      << "PERCENTILE 25 4 1 3 2; PERCENTILE 12.5 0 14" << 1.75;
-    QTest::newRow("ends of the percentiles")            << "PERCENTILE 0 4 9 5; PERCENTILE 100 1 4 3; PERCENTILE 50 4" << 4.0;
-    QTest::newRow("quartile")                           << "QUARTILE 2 1 2 3 4; QUARTILE 4 1 2.5; QUARTILE 2.0000000000000009 0 5" << 2.5;
-    QTest::newRow("skewness")                           << "SKEW 2 8 0 4 1 9 9 0"                      << 0.330582180407974662;
-    QTest::newRow("symmetric data far from zero")       << "SKEW 1000000004 1000000007 1000000013 1000000016" << 0.0;
-    QTest::newRow("kurtosis")                           << "KURTOSIS 2 8 0 4 1 9 9 0"                  << -2.09860225809608665;
-    QTest::newRow("kurtosis far from zero")             << "KURTOSIS 1000000004 1000000007 1000000013 1000000016" << -3.3;
-    QTest::newRow("no choice")                          << "RANDINT 3 3; RANDINT 3.0000000000005 3"    << 3.0;
+    row("smallest and largest",               "MIN 3 -1 2; MAX -3 -1 -2; MIN -1; max -1",  -1.0);
+    row("how many",                           "COUNT 1 1 1",                               3.0);
+    row("a sum goes in the given order",      "SUM 1e16 1 -1e16 1",                        1.0);
+    row("a mean whose sum would overflow",    "AVG 1e308 1e308 1e308",                     1e308);
+    row("middle of a list",                   "MEDIAN 9 1 5; MEDIAN 9 1 8 2; MEDIAN 5",    5.0);
+    row("most frequent value",                "MODE 2 3 3 4; MODE 4 4 3 5 3",              3.0);
+    row("zeros of both signs are one value",  "MODE -0 5 0",                               0.0);
+    row("range",                              "RANGE 4 -3 1",                              7.0);
+    row("sample variance",                    "VARIANCE 2 4 4 4 5 5 7 9",                  32.0 / 7);
+    row("sample deviation",                   "STDEV 2 4 4 4 5 5 7 9",                     2.13808993529939508);
+    row("population variance",                "VARIANCEP 2 4 4 4 5 5 7 9",                 4.0);
+    row("population deviation",               "STDEVP 2 4 4 4 5 5 7 9",                    2.0);
+    row("one value does not deviate",         "STDEVP 5; VARIANCEP 5; RANGE 5",            0.0);
+    row("variance without cancellation",      "VARIANCE 1000000004 1000000007 1000000013 1000000016", 30.0);
+    row("geometric mean",                     "GEOMEAN 3 7 11 13",                         7.40267755851090875);
+    row("harmonic mean",                      "HARMEAN 3 7 11 13",                         6.2109617373319545);
+    row("root of the mean square",            "RMS 3 -7 11 13",                            9.32737905308881505);
+    row("means of the hugest",                "GEOMEAN 1e308 1e308; RMS -1e308 1e308",     1e308);
+    row("means of the tiniest",               "HARMEAN 5e-324 5e-324; RMS 5e-324; GEOMEAN 5e-324", 5e-324);
+    row("squares keep more than a double",    "SUMSQ 1e8 -1 1",                            10000000000000002.0);
+    row("percentile between two values",      "PERCENTILE 25 4 1 3 2; PERCENTILE 12.5 0 14", 1.75);
+    row("ends of the percentiles",            "PERCENTILE 0 4 9 5; PERCENTILE 100 1 4 3; PERCENTILE 50 4", 4.0);
+    row("quartile",                           "QUARTILE 2 1 2 3 4; QUARTILE 4 1 2.5; QUARTILE 2.0000000000000009 0 5", 2.5);
+    row("skewness",                           "SKEW 2 8 0 4 1 9 9 0",                      0.330582180407974662);
+    row("symmetric data far from zero",       "SKEW 1000000004 1000000007 1000000013 1000000016", 0.0);
+    row("kurtosis",                           "KURTOSIS 2 8 0 4 1 9 9 0",                  -2.09860225809608665);
+    row("kurtosis far from zero",             "KURTOSIS 1000000004 1000000007 1000000013 1000000016", -3.3);
+    row("no choice",                          "RANDINT 3 3; RANDINT 3.0000000000005 3",    3.0);
 
-    QTest::newRow("beyond the doubles")                 << "SUM 1e308 1e308; AVG 1e308 -1e308; MEDIAN 1e308 1e308; RANGE 1e308 -1e308; STDEV 1e200 -1e200; SUMSQ 1e200; PERCENTILE 50 1e308 -1e308; SKEW 1e200 0 -1e200; KURTOSIS 1e200 0 0 -1e200" << fails;
-    QTest::newRow("no value twice")                     << "MODE 1 2 3; MODE 1"                        << fails;
-    QTest::newRow("means of positive values only")      << "GEOMEAN 0 1; GEOMEAN 4 -1; HARMEAN 1 0; HARMEAN -1 1" << fails;
-    QTest::newRow("percentile out of range")            << "PERCENTILE 101 1 2; PERCENTILE -1e-9 1 2"  << fails;
-    QTest::newRow("quartile out of range or not whole") << "QUARTILE 5 1 2; QUARTILE -1 1 2; QUARTILE 1.5 1 2; QUARTILE 1.00000000001 1 2" << fails;
-    QTest::newRow("no shape of constant data")          << "SKEW 1 1 1; KURTOSIS 2 2 2 2"              << fails;
-    QTest::newRow("random bounds not whole")            << "RANDINT 1.5 3; RANDINT 1 3.00000000001"    << fails;
-    QTest::newRow("random bounds out of range")         << "RANDINT 5 1; RANDINT -9007199254740994 0; RANDINT 0 9007199254740994" << fails;
-    QTest::newRow("too few arguments")                  << "MIN; MAX; SUM; AVG; MEDIAN; MODE; COUNT; RANGE; STDEV 5; STDEVP; VARIANCE 5; VARIANCEP; GEOMEAN; HARMEAN; RMS; SUMSQ; PERCENTILE 5; QUARTILE 1; SKEW 1 2; KURTOSIS 1 2 4; RANDINT 3" << fails;
-    QTest::newRow("too many arguments")                 << "RANDOM 1; RANDINT 3 3 3"                   << fails;
+    row("beyond the doubles",                 "SUM 1e308 1e308; AVG 1e308 -1e308; MEDIAN 1e308 1e308; RANGE 1e308 -1e308; STDEV 1e200 -1e200; SUMSQ 1e200; PERCENTILE 50 1e308 -1e308; SKEW 1e200 0 -1e200; KURTOSIS 1e200 0 0 -1e200", fails);
+    row("no value twice",                     "MODE 1 2 3; MODE 1",                        fails);
+    row("means of positive values only",      "GEOMEAN 0 1; GEOMEAN 4 -1; HARMEAN 1 0; HARMEAN -1 1", fails);
+    row("percentile out of range",            "PERCENTILE 101 1 2; PERCENTILE -1e-9 1 2",  fails);
+    row("quartile out of range or not whole", "QUARTILE 5 1 2; QUARTILE -1 1 2; QUARTILE 1.5 1 2; QUARTILE 1.00000000001 1 2", fails);
+    row("no shape of constant data",          "SKEW 1 1 1; KURTOSIS 2 2 2 2",              fails);
+    row("random bounds not whole",            "RANDINT 1.5 3; RANDINT 1 3.00000000001",    fails);
+    row("random bounds out of range",         "RANDINT 5 1; RANDINT -9007199254740994 0; RANDINT 0 9007199254740994", fails);
+    row("too few arguments",                  "MIN; MAX; SUM; AVG; MEDIAN; MODE; COUNT; RANGE; STDEV 5; STDEVP; VARIANCE 5; VARIANCEP; GEOMEAN; HARMEAN; RMS; SUMSQ; PERCENTILE 5; QUARTILE 1; SKEW 1 2; KURTOSIS 1 2 4; RANDINT 3", fails);
+    row("too many arguments",                 "RANDOM 1; RANDINT 3 3 3",                   fails);
     // clang-format on
-}
-
-void StatisticsTest::Calls()
-{
-    QFETCH(QString, calls);
-    QFETCH(double, expected);
-    VerifyCalls(RunStatisticsFunction, calls, expected, 2e-15);
 }
 
 void StatisticsTest::Random_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QList<double>>("arguments");
-    QTest::addColumn<quint64>("bits");
-    QTest::addColumn<double>("expected");
+    const Table row([](const QString& name, const QList<double>& arguments, quint64 bits, double expected) {
+        const FunctionLibrary library = StatisticsFunctions();
+        const auto function =
+            std::find_if(library.begin(), library.end(), [&](const auto& candidate) { return name == candidate.name; });
+        QVERIFY(function != library.end());
+        const auto value = CallFunction(*function, arguments, [bits] { return bits; });
+        QVERIFY(value.has_value());
+        QCOMPARE(*value, expected);
+    });
     const quint64 ones = ~quint64(0);
     const quint64 half = quint64(1) << 63;
     const double limit = 9007199254740992;
     // clang-format off
-    QTest::newRow("no bits are zero")                << "RANDOM"  << QList<double>{}                   << quint64(0)    << 0.0;
-    QTest::newRow("eleven low bits do not count")    << "RANDOM"  << QList<double>{}                   << quint64(2047) << 0.0;
-    QTest::newRow("the least fraction")              << "RANDOM"  << QList<double>{}                   << quint64(2048) << 0x1p-53;
-    QTest::newRow("the high bit is a half")          << "RANDOM"  << QList<double>{}                   << half          << 0.5;
-    QTest::newRow("all bits stay below one")         << "RANDOM"  << QList<double>{}                   << ones          << 1 - 0x1p-53;
-    QTest::newRow("a die's lowest")                  << "RANDINT" << QList<double>{1, 6}               << quint64(0)    << 1.0;
-    QTest::newRow("a die's middle")                  << "RANDINT" << QList<double>{1, 6}               << half          << 4.0;
-    QTest::newRow("just below a die's middle")       << "RANDINT" << QList<double>{1, 6}               << half - 1      << 3.0;
-    QTest::newRow("a die's highest")                 << "RANDINT" << QList<double>{1, 6}               << ones          << 6.0;
-    QTest::newRow("below zero")                      << "RANDINT" << QList<double>{-3, -2}             << half          << -2.0;
-    QTest::newRow("nearly whole bounds are rounded") << "RANDINT" << QList<double>{1 + 5e-13, 3 - 5e-13} << ones        << 3.0;
-    QTest::newRow("the widest range, lowest")        << "RANDINT" << QList<double>{-limit, limit}      << quint64(0)    << -limit;
-    QTest::newRow("the widest range, middle")        << "RANDINT" << QList<double>{-limit, limit}      << half          << 0.0;
+    row("no bits are zero",                "RANDOM",  QList<double>{},                   quint64(0),    0.0);
+    row("eleven low bits do not count",    "RANDOM",  QList<double>{},                   quint64(2047), 0.0);
+    row("the least fraction",              "RANDOM",  QList<double>{},                   quint64(2048), 0x1p-53);
+    row("the high bit is a half",          "RANDOM",  QList<double>{},                   half,          0.5);
+    row("all bits stay below one",         "RANDOM",  QList<double>{},                   ones,          1 - 0x1p-53);
+    row("a die's lowest",                  "RANDINT", QList<double>{1, 6},               quint64(0),    1.0);
+    row("a die's middle",                  "RANDINT", QList<double>{1, 6},               half,          4.0);
+    row("just below a die's middle",       "RANDINT", QList<double>{1, 6},               half - 1,      3.0);
+    row("a die's highest",                 "RANDINT", QList<double>{1, 6},               ones,          6.0);
+    row("below zero",                      "RANDINT", QList<double>{-3, -2},             half,          -2.0);
+    row("nearly whole bounds are rounded", "RANDINT", QList<double>{1 + 5e-13, 3 - 5e-13}, ones,        3.0);
+    row("the widest range, lowest",        "RANDINT", QList<double>{-limit, limit},      quint64(0),    -limit);
+    row("the widest range, middle",        "RANDINT", QList<double>{-limit, limit},      half,          0.0);
     // clang-format on
-}
-
-void StatisticsTest::Random()
-{
-    QFETCH(QString, name);
-    QFETCH(QList<double>, arguments);
-    QFETCH(quint64, bits);
-    QFETCH(double, expected);
-    const FunctionLibrary library = StatisticsFunctions();
-    const auto row =
-        std::find_if(library.begin(), library.end(), [&](const auto& candidate) { return name == candidate.name; });
-    QVERIFY(row != library.end());
-    const auto value = CallFunction(*row, arguments, [bits] { return bits; });
-    QVERIFY(value.has_value());
-    QCOMPARE(*value, expected);
 }
 
 void StatisticsTest::GlobalRandom()

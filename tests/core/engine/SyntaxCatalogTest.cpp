@@ -1,8 +1,7 @@
 #include "core/engine/SyntaxCatalog.h"
+#include "../Table.h"
 
 #include "core/engine/WordOperators.h"
-
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -12,9 +11,9 @@ class SyntaxCatalogTest : public QObject {
 private slots:
     void TheTableHoldsTogether();
     void Items_data();
-    void Items();
+    void Items() { CheckRow(); }
     void FindingAName_data();
-    void FindingAName();
+    void FindingAName() { CheckRow(); }
     void CustomItemsStandBehindTheTable();
 };
 
@@ -44,57 +43,47 @@ void SyntaxCatalogTest::TheTableHoldsTogether()
 
 void SyntaxCatalogTest::Items_data()
 {
-    QTest::addColumn<QString>("syntax");
-    QTest::addColumn<QStringList>("parameters");
+    const Table row([](const QString& syntax, const QStringList& parameters) {
+        const CalculatorSyntaxItem* item = FindCalculatorSyntaxItem(QString::fromLatin1(QTest::currentDataTag()));
+        QVERIFY(item);
+        QCOMPARE(item->syntax, syntax);
+        QCOMPARE(item->parameters, parameters);
+    });
     const auto list = [](const QString& text) { return text.split(u'|', Qt::SkipEmptyParts); };
     // clang-format off
-    QTest::newRow("SIN")             << "SIN(angle)"                       << list(u"angle"_s);
-    QTest::newRow("RANDOM")          << "RANDOM()"                         << QStringList();
-    QTest::newRow("ROUND")           << "ROUND([decimalPlaces,] value)"    << list(u"decimalPlaces|value"_s);
-    QTest::newRow("SUM")             << "SUM(value1, value2, ...)"         << list(u"value1|value2, ..."_s);
-    QTest::newRow("NPV")             << "NPV(rate, cashFlow0, cashFlow1, ...)" << list(u"rate|cashFlow0|cashFlow1, ..."_s);
-    QTest::newRow("PV")              << "PV(rate, periods, futureValue [, payment])" << list(u"rate|periods|futureValue|payment"_s);
-    QTest::newRow("DATE")            << "DATE(\"M/D/YYYY [H:MM AM/PM]\")"  << list(u"dateText"_s);
-    QTest::newRow("CLEAR VARIABLES") << "CLEAR VARIABLES"                  << QStringList();
-    QTest::newRow("FORMAT")          << "FORMAT=formatString"              << list(u"formatString"_s);
-    QTest::newRow("MENU")            << "MENU option [value]"              << list(u"option|value"_s);
-    QTest::newRow("MENU OUTPUT BASE") << "MENU OUTPUT BASE [DEC/BIN/OCT/HEX]" << list(u"base"_s);
-    QTest::newRow("CREATE FUNCTION") << "CREATE FUNCTION name(parameter, ...) = expression" << list(u"name(parameter, ...)|expression"_s);
-    QTest::newRow("ISOLATE")         << "ISOLATE variable, equation"       << list(u"variable|equation"_s);
-    QTest::newRow("TODAY")           << ""                                 << QStringList();
+    row("SIN",             "SIN(angle)",                       list(u"angle"_s));
+    row("RANDOM",          "RANDOM()",                         QStringList());
+    row("ROUND",           "ROUND([decimalPlaces,] value)",    list(u"decimalPlaces|value"_s));
+    row("SUM",             "SUM(value1, value2, ...)",         list(u"value1|value2, ..."_s));
+    row("NPV",             "NPV(rate, cashFlow0, cashFlow1, ...)", list(u"rate|cashFlow0|cashFlow1, ..."_s));
+    row("PV",              "PV(rate, periods, futureValue [, payment])", list(u"rate|periods|futureValue|payment"_s));
+    row("DATE",            "DATE(\"M/D/YYYY [H:MM AM/PM]\")",  list(u"dateText"_s));
+    row("CLEAR VARIABLES", "CLEAR VARIABLES",                  QStringList());
+    row("FORMAT",          "FORMAT=formatString",              list(u"formatString"_s));
+    row("MENU",            "MENU option [value]",              list(u"option|value"_s));
+    row("MENU OUTPUT BASE", "MENU OUTPUT BASE [DEC/BIN/OCT/HEX]", list(u"base"_s));
+    row("CREATE FUNCTION", "CREATE FUNCTION name(parameter, ...) = expression", list(u"name(parameter, ...)|expression"_s));
+    row("ISOLATE",         "ISOLATE variable, equation",       list(u"variable|equation"_s));
+    row("TODAY",           "",                                 QStringList());
     // clang-format on
-}
-
-void SyntaxCatalogTest::Items()
-{
-    const CalculatorSyntaxItem* item = FindCalculatorSyntaxItem(QString::fromLatin1(QTest::currentDataTag()));
-    QVERIFY(item);
-    QTEST(item->syntax, "syntax");
-    QTEST(item->parameters, "parameters");
 }
 
 void SyntaxCatalogTest::FindingAName_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("found"); // empty: none
-    QTest::addColumn<bool>("isFunction");
+    const Table row([](const QString& name, const QString& found, bool isFunction) {
+        const CalculatorSyntaxItem* item = FindCalculatorSyntaxItem(name);
+        QCOMPARE(item ? item->name : QString(), found);
+        QCOMPARE(IsCatalogFunction(name), isFunction);
+    });
     // clang-format off
-    QTest::newRow("any case")                           << "sIn"              << "SIN"              << true;
-    QTest::newRow("the first of equal names")           << "min"              << "MIN"              << true;
-    QTest::newRow("lower case in the table")            << "0X"               << "0x"               << true;
-    QTest::newRow("the longest name")                   << "menu output base hexadecimal" << "MENU OUTPUT BASE HEXADECIMAL" << false;
-    QTest::newRow("one letter more than the longest")   << "MENU OUTPUT BASE HEXADECIMALS" << ""    << false;
-    QTest::newRow("nothing")                            << ""                 << ""                 << false;
-    QTest::newRow("a letter that equals in any case")   << "\u017Fin"         << "SIN"              << true;
+    row("any case",                           "sIn",              "SIN",              true);
+    row("the first of equal names",           "min",              "MIN",              true);
+    row("lower case in the table",            "0X",               "0x",               true);
+    row("the longest name",                   "menu output base hexadecimal", "MENU OUTPUT BASE HEXADECIMAL", false);
+    row("one letter more than the longest",   "MENU OUTPUT BASE HEXADECIMALS", "",    false);
+    row("nothing",                            "",                 "",                 false);
+    row("a letter that equals in any case",   "\u017Fin",         "SIN",              true);
     // clang-format on
-}
-
-void SyntaxCatalogTest::FindingAName()
-{
-    QFETCH(QString, name);
-    const CalculatorSyntaxItem* item = FindCalculatorSyntaxItem(name);
-    QTEST(item ? item->name : QString(), "found");
-    QTEST(IsCatalogFunction(name), "isFunction");
 }
 
 void SyntaxCatalogTest::CustomItemsStandBehindTheTable()

@@ -1,8 +1,8 @@
 #include "core/engine/WordOperators.h"
+#include "../Table.h"
 
 #include <QRandomGenerator>
 #include <QRegularExpression>
-#include <QTest>
 
 #include <cmath>
 
@@ -174,75 +174,60 @@ class WordOperatorsTest : public QObject {
 
 private slots:
     void Lines_data();
-    void Lines();
+    void Lines() { CheckRow(); }
     void AgreesWithTheRowsInTheirOrder_data();
-    void AgreesWithTheRowsInTheirOrder();
+    void AgreesWithTheRowsInTheirOrder() { CheckRow(); }
     void PhrasesAgreeWithTheirPattern();
     void ALineWithoutWordsIsShared();
     void LongLinesTakeLinearTime_data();
-    void LongLinesTakeLinearTime();
+    void LongLinesTakeLinearTime() { CheckRow(); }
     void NumberWords();
 };
 
 void WordOperatorsTest::Lines_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("rewritten");
+    const Table row([](const QString& line, const QString& rewritten) { QCOMPARE(WordOp(line), rewritten); });
     // clang-format off
-    QTest::newRow("words and numbers, any case")    << "x equals five Divided bY SIX"     << "x = 5 / 6";
-    QTest::newRow("the longest phrase")             << "2 raised to the  power of 3"      << "2 ^ 3";
-    QTest::newRow("an earlier phrase has the word") << "2 added to the power of 3"        << "2 + ^ 3";
-    QTest::newRow("tens and units, a hyphen")       << "twenty-five, twenty five"         << "25, 25";
-    QTest::newRow("scales")                         << "two thousand three hundred five"  << "2305";
-    QTest::newRow("another word ends a number")     << "one hundred and five"             << "100 and 5";
-    QTest::newRow("decimals")                       << "point five, three point one four" << "0.5, 3.14";
-    QTest::newRow("decimals are single digits")     << "ten point twelve"                 << "10 12";
-    QTest::newRow("order is not tested")            << "five twenty"                      << "25";
-    QTest::newRow("minus is an operator")           << "minus five"                       << "- 5";
-    QTest::newRow("minus never joins")              << "ten minus four"                   << "10 - 4";
-    QTest::newRow("minus never joins by hyphens")   << "ten-minus-four"                   << "10---4";
-    QTest::newRow("a blank makes a hyphen a minus") << "ten -four"                        << "10 -4";
-    QTest::newRow("identifiers stay")               << "2five X_OF plush five_2 éfive"    << "2five X_OF plush five_2 éfive";
-    QTest::newRow("nine times hundred fits")        << "hundred hundred hundred hundred hundred hundred hundred hundred hundred"
-                                                    << "1000000000000000000";
-    QTest::newRow("beyond 64 bits stays in words")  << "two + one hundred hundred hundred hundred hundred hundred hundred hundred-hundred-hundred six"
-                                                    << "2 + one hundred hundred hundred hundred hundred hundred hundred hundred-hundred-hundred six";
-    QTest::newRow("the sum of the groups counts")   << "nine hundred hundred hundred trillion ninety hundred hundred hundred hundred hundred hundred hundred hundred"
-                                                    << "nine hundred hundred hundred trillion ninety hundred hundred hundred hundred hundred hundred hundred hundred";
+    row("words and numbers, any case",    "x equals five Divided bY SIX",     "x = 5 / 6");
+    row("the longest phrase",             "2 raised to the  power of 3",      "2 ^ 3");
+    row("an earlier phrase has the word", "2 added to the power of 3",        "2 + ^ 3");
+    row("tens and units, a hyphen",       "twenty-five, twenty five",         "25, 25");
+    row("scales",                         "two thousand three hundred five",  "2305");
+    row("another word ends a number",     "one hundred and five",             "100 and 5");
+    row("decimals",                       "point five, three point one four", "0.5, 3.14");
+    row("decimals are single digits",     "ten point twelve",                 "10 12");
+    row("order is not tested",            "five twenty",                      "25");
+    row("minus is an operator",           "minus five",                       "- 5");
+    row("minus never joins",              "ten minus four",                   "10 - 4");
+    row("minus never joins by hyphens",   "ten-minus-four",                   "10---4");
+    row("a blank makes a hyphen a minus", "ten -four",                        "10 -4");
+    row("identifiers stay",               "2five X_OF plush five_2 éfive",    "2five X_OF plush five_2 éfive");
+    row("nine times hundred fits",        "hundred hundred hundred hundred hundred hundred hundred hundred hundred", "1000000000000000000");
+    row("beyond 64 bits stays in words",  "two + one hundred hundred hundred hundred hundred hundred hundred hundred-hundred-hundred six", "2 + one hundred hundred hundred hundred hundred hundred hundred hundred-hundred-hundred six");
+    row("the sum of the groups counts",   "nine hundred hundred hundred trillion ninety hundred hundred hundred hundred hundred hundred hundred hundred", "nine hundred hundred hundred trillion ninety hundred hundred hundred hundred hundred hundred hundred hundred");
     // clang-format on
-}
-
-void WordOperatorsTest::Lines()
-{
-    QFETCH(QString, line);
-    QTEST(WordOp(line), "rewritten");
 }
 
 void WordOperatorsTest::AgreesWithTheRowsInTheirOrder_data()
 {
-    QTest::addColumn<QStringList>("vocabulary");
+    const Table row([](const QStringList& vocabulary) {
+        QRandomGenerator random(20240617);
+        for (int i = 0; i < 8000; ++i) {
+            const QString line = RandomLine(random, vocabulary);
+            const QString rewritten = WordOp(line);
+            QVERIFY2(rewritten == PlainWordOp(line), qPrintable(line + u" -> "_s + rewritten));
+            QCOMPARE(WordOp(rewritten), rewritten);
+            QCOMPARE(ReplaceNumberWordPhrases(line), PlainNumberWords(line));
+        }
+    });
     const QStringList operators = phrases + u"THE TO RAISED BY PLUSH x"_s.split(u' ');
     const QStringList numbers = units + tens + scales + others;
-    QTest::newRow("operators") << operators;
-    QTest::newRow("pieces of phrases")
-        << u"ADDED TO RAISED TO THE POWER OF MULTIPLIED DIVIDED BY TO THE POWER OF"_s.split(u' ');
-    QTest::newRow("numbers") << numbers;
-    QTest::newRow("signs and points") << u"ONE TWELVE SIX POINT POINT NEGATIVE NINETY"_s.split(u' ');
-    QTest::newRow("overflow") << u"HUNDRED HUNDRED HUNDRED TRILLION POINT TWELVE"_s.split(u' ');
-    QTest::newRow("all") << operators + numbers;
-}
-
-void WordOperatorsTest::AgreesWithTheRowsInTheirOrder()
-{
-    QFETCH(QStringList, vocabulary);
-    QRandomGenerator random(20240617);
-    for (int i = 0; i < 8000; ++i) {
-        const QString line = RandomLine(random, vocabulary);
-        const QString rewritten = WordOp(line);
-        QVERIFY2(rewritten == PlainWordOp(line), qPrintable(line + u" -> "_s + rewritten));
-        QCOMPARE(WordOp(rewritten), rewritten);
-        QCOMPARE(ReplaceNumberWordPhrases(line), PlainNumberWords(line));
-    }
+    row("operators", operators);
+    row("pieces of phrases", u"ADDED TO RAISED TO THE POWER OF MULTIPLIED DIVIDED BY TO THE POWER OF"_s.split(u' '));
+    row("numbers", numbers);
+    row("signs and points", u"ONE TWELVE SIX POINT POINT NEGATIVE NINETY"_s.split(u' '));
+    row("overflow", u"HUNDRED HUNDRED HUNDRED TRILLION POINT TWELVE"_s.split(u' '));
+    row("all", operators + numbers);
 }
 
 void WordOperatorsTest::PhrasesAgreeWithTheirPattern()
@@ -267,25 +252,19 @@ void WordOperatorsTest::ALineWithoutWordsIsShared()
 
 void WordOperatorsTest::LongLinesTakeLinearTime_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("start");
+    const Table row([](const QString& line, const QString& start) {
+        const QString rewritten = WordOp(line);
+        QVERIFY2(rewritten.startsWith(start), qPrintable(rewritten.left(40)));
+    });
     const auto repeated = [](const QString& piece) { return piece.repeated(100'000); };
     // clang-format off
-    QTest::newRow("one number")                 << repeated(u"one "_s)      << u"100000 "_s;
-    QTest::newRow("a point each")               << repeated(u"point "_s)    << u"0 0 0"_s;
-    QTest::newRow("long decimals")              << u"point "_s + repeated(u"one "_s) << u"0.1111"_s;
-    QTest::newRow("more than 64 bits")          << repeated(u"hundred "_s)  << u"hundred hundred"_s;
-    QTest::newRow("the last word is no number") << repeated(u"one "_s) + u"six2"_s << u"100000 six2"_s;
-    QTest::newRow("operators")                  << repeated(u"added to the power of "_s) << u"+ ^ + ^"_s;
+    row("one number",                 repeated(u"one "_s),      u"100000 "_s);
+    row("a point each",               repeated(u"point "_s),    u"0 0 0"_s);
+    row("long decimals",              u"point "_s + repeated(u"one "_s), u"0.1111"_s);
+    row("more than 64 bits",          repeated(u"hundred "_s),  u"hundred hundred"_s);
+    row("the last word is no number", repeated(u"one "_s) + u"six2"_s, u"100000 six2"_s);
+    row("operators",                  repeated(u"added to the power of "_s), u"+ ^ + ^"_s);
     // clang-format on
-}
-
-void WordOperatorsTest::LongLinesTakeLinearTime()
-{
-    QFETCH(QString, line);
-    QFETCH(QString, start);
-    const QString rewritten = WordOp(line);
-    QVERIFY2(rewritten.startsWith(start), qPrintable(rewritten.left(40)));
 }
 
 void WordOperatorsTest::NumberWords()

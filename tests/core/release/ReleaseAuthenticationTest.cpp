@@ -1,9 +1,9 @@
 #include "core/release/ReleaseAuthentication.h"
+#include "../Table.h"
 
 #include "SignedRelease.h"
 
 #include <QJsonArray>
-#include <QTest>
 
 #include <algorithm>
 
@@ -28,9 +28,9 @@ class ReleaseAuthenticationTest : public QObject {
 private slots:
     void KnownAnswer();
     void Layout_data();
-    void Layout();
+    void Layout() { CheckRow(); }
     void SignatureText_data();
-    void SignatureText();
+    void SignatureText() { CheckRow(); }
 };
 
 // The same bytes signed by Python's json and hmac modules.
@@ -51,8 +51,7 @@ void ReleaseAuthenticationTest::KnownAnswer()
 
 void ReleaseAuthenticationTest::Layout_data()
 {
-    QTest::addColumn<QByteArray>("json");
-    QTest::addColumn<bool>("valid");
+    const Table row([](const QByteArray& json, bool valid) { QCOMPARE(VerifyReleaseJsonAuthentication(json), valid); });
     const QJsonObject fields = ReleaseFields({{"message", "Why? é"}});
     const QByteArray json = Signed(fields);
     QByteArray reordered = "{";
@@ -62,31 +61,24 @@ void ReleaseAuthenticationTest::Layout_data()
         reordered += "\n\t\"" + key.toUtf8() + "\" :\r\n\"" + fields.value(key).toString().toUtf8() + "\" , ";
     reordered += "\"signature\":\"" + SignatureOf(fields) + "\"}\n\n";
     // clang-format off
-    QTest::newRow("as it was written")                  << json                                                 << true;
-    QTest::newRow("without blanks")                     << QJsonDocument::fromJson(json).toJson(QJsonDocument::Compact) << true;
-    QTest::newRow("keys in another order, more blanks") << reordered                                            << true;
-    QTest::newRow("a letter spelled by its number")     << QByteArray(json).replace("Why", "\\u0057hy")         << true;
-    QTest::newRow("another letter")                     << QByteArray(json).replace("Why", "why")               << false;
-    QTest::newRow("a blank within a value")             << QByteArray(json).replace("Why", " Why")              << false;
-    QTest::newRow("another key")                        << QByteArray(json).replace("message", "Message")       << false;
-    QTest::newRow("values that change places")          << QByteArray(json).replace("$29", "x").replace("$15", "$29").replace("x", "$15") << false;
-    QTest::newRow("half a surrogate pair is no '?'")    << QByteArray(json).replace("Why?", "Why\\ud800")       << false;
-    QTest::newRow("nor is one in a key")                << Signed(ReleaseFields({{"?", ""}})).replace("\"?\"", "\"\\udc00\"") << false;
-    QTest::newRow("an array")                           << "[" + json + "]"                                     << false;
-    QTest::newRow("nothing")                            << QByteArray()                                         << false;
+    row("as it was written",                  json,                                                 true);
+    row("without blanks",                     QJsonDocument::fromJson(json).toJson(QJsonDocument::Compact), true);
+    row("keys in another order, more blanks", reordered,                                            true);
+    row("a letter spelled by its number",     QByteArray(json).replace("Why", "\\u0057hy"),         true);
+    row("another letter",                     QByteArray(json).replace("Why", "why"),               false);
+    row("a blank within a value",             QByteArray(json).replace("Why", " Why"),              false);
+    row("another key",                        QByteArray(json).replace("message", "Message"),       false);
+    row("values that change places",          QByteArray(json).replace("$29", "x").replace("$15", "$29").replace("x", "$15"), false);
+    row("half a surrogate pair is no '?'",    QByteArray(json).replace("Why?", "Why\\ud800"),       false);
+    row("nor is one in a key",                Signed(ReleaseFields({{"?", ""}})).replace("\"?\"", "\"\\udc00\""), false);
+    row("an array",                           "[" + json + "]",                                     false);
+    row("nothing",                            QByteArray(),                                         false);
     // clang-format on
-}
-
-void ReleaseAuthenticationTest::Layout()
-{
-    QFETCH(QByteArray, json);
-    QTEST(VerifyReleaseJsonAuthentication(json), "valid");
 }
 
 void ReleaseAuthenticationTest::SignatureText_data()
 {
-    QTest::addColumn<QByteArray>("json");
-    QTest::addColumn<bool>("valid");
+    const Table row([](const QByteArray& json, bool valid) { QCOMPARE(VerifyReleaseJsonAuthentication(json), valid); });
     const QJsonObject fields = FieldsWithZeroDigit();
     const QString good = QString::fromLatin1(SignatureOf(fields));
     const QString rest = good.mid(1);
@@ -94,27 +86,21 @@ void ReleaseAuthenticationTest::SignatureText_data()
     listed.insert("signature", QJsonArray{good});
     const QString changed = rest.chopped(1) + (rest.endsWith('7') ? '8' : '7');
     // clang-format off
-    QTest::newRow("in lower case")                  << WithSignature(fields, good)                       << true;
-    QTest::newRow("in upper case")                  << WithSignature(fields, good.toUpper())             << true;
-    QTest::newRow("its last digit changed")         << WithSignature(fields, "0" + changed)              << false;
-    QTest::newRow("its first digit changed")        << WithSignature(fields, "8" + rest)                 << false;
-    QTest::newRow("63 digits")                      << WithSignature(fields, rest)                       << false;
-    QTest::newRow("65 digits")                      << WithSignature(fields, "0" + good)                 << false;
-    QTest::newRow("a stray character for a zero")   << WithSignature(fields, "z" + rest)                 << false;
-    QTest::newRow("a blank for a zero")             << WithSignature(fields, " " + rest)                 << false;
-    QTest::newRow("a zero of another script")       << WithSignature(fields, QString::fromUtf8("０") + rest) << false;
-    QTest::newRow("a blank behind it")              << WithSignature(fields, good + " ")                 << false;
-    QTest::newRow("empty")                          << WithSignature(fields, "")                         << false;
-    QTest::newRow("none")                           << QJsonDocument(fields).toJson()                    << false;
-    QTest::newRow("a list of it")                   << QJsonDocument(listed).toJson()                     << false;
-    QTest::newRow("under another key")              << WithSignature(fields, QString(ReleaseSignature(fields, QByteArray(32, 'k')))) << false;
+    row("in lower case",                  WithSignature(fields, good),                       true);
+    row("in upper case",                  WithSignature(fields, good.toUpper()),             true);
+    row("its last digit changed",         WithSignature(fields, "0" + changed),              false);
+    row("its first digit changed",        WithSignature(fields, "8" + rest),                 false);
+    row("63 digits",                      WithSignature(fields, rest),                       false);
+    row("65 digits",                      WithSignature(fields, "0" + good),                 false);
+    row("a stray character for a zero",   WithSignature(fields, "z" + rest),                 false);
+    row("a blank for a zero",             WithSignature(fields, " " + rest),                 false);
+    row("a zero of another script",       WithSignature(fields, QString::fromUtf8("０") + rest), false);
+    row("a blank behind it",              WithSignature(fields, good + " "),                 false);
+    row("empty",                          WithSignature(fields, ""),                         false);
+    row("none",                           QJsonDocument(fields).toJson(),                    false);
+    row("a list of it",                   QJsonDocument(listed).toJson(),                     false);
+    row("under another key",              WithSignature(fields, QString(ReleaseSignature(fields, QByteArray(32, 'k')))), false);
     // clang-format on
-}
-
-void ReleaseAuthenticationTest::SignatureText()
-{
-    QFETCH(QByteArray, json);
-    QTEST(VerifyReleaseJsonAuthentication(json), "valid");
 }
 
 QTEST_APPLESS_MAIN(ReleaseAuthenticationTest)

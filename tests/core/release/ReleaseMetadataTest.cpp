@@ -1,10 +1,10 @@
 #include "core/release/ReleaseMetadata.h"
+#include "../Table.h"
 
 #include "SignedRelease.h"
 #include "core/release/ReleaseProduct.h"
 
 #include <QJsonArray>
-#include <QTest>
 
 using namespace ReleaseDesk;
 
@@ -26,9 +26,9 @@ private slots:
     void init() { Initialize("quellbrook-desktop", "Quellbrook Desktop", "1.0.0"); }
     void Fields();
     void Result_data();
-    void Result();
+    void Result() { CheckRow(); }
     void Url_data();
-    void Url();
+    void Url() { CheckRow(); }
     void Uninitialized();
     void RepeatedKeyCountsOnceAsSigned();
     void ResultTexts();
@@ -58,84 +58,74 @@ void ReleaseMetadataTest::Fields()
 
 void ReleaseMetadataTest::Result_data()
 {
-    QTest::addColumn<QByteArray>("json");
-    QTest::addColumn<int>("result");
+    const Table row([](const QByteArray& json, int result) {
+        ReleaseMetadata metadata;
+        QCOMPARE(static_cast<int>(ParseReleaseMetadata(json, metadata)), result);
+    });
     const QByteArray good = Signed(ReleaseFields());
     // clang-format off
-    QTest::newRow("all fields")                          << good                                                     << 0;
-    QTest::newRow("a byte order mark may stand before")  << "\xef\xbb\xbf" + good                                    << 0;
-    QTest::newRow("nothing")                             << QByteArray()                                             << 2;
-    QTest::newRow("a word")                              << QByteArray("release")                                    << 2;
-    QTest::newRow("an array")                            << "[" + good + "]"                                         << 2;
-    QTest::newRow("a string")                            << QByteArray("\"productId\"")                              << 2;
-    QTest::newRow("cut short")                           << good.chopped(2)                                          << 2;
-    QTest::newRow("something behind it")                 << good + "{}"                                              << 2;
-    QTest::newRow("bytes that are no UTF-8")             << QByteArray(good).replace("$29", "\xff\xfe")              << 2;
-    QTest::newRow("too deep")                            << Nested(200000)                                           << 2;
-    QTest::newRow("too deep in a field")                 << QByteArray(good).replace("\"$29\"", Nested(5000))        << 2;
-    QTest::newRow("too big a number")                    << QByteArray(good).replace("\"$29\"", "1e999999")          << 2;
-    QTest::newRow("no fields, no signature")             << QByteArray("{}")                                         << 6;
-    QTest::newRow("no signature")                        << QJsonDocument(ReleaseFields()).toJson()                  << 6;
-    QTest::newRow("a changed value")                     << QByteArray(good).replace("$15", "$16")                   << 6;
-    QTest::newRow("the signature comes before the keys") << QByteArray(good).replace("{", "{\"extra\": \"\",")       << 6;
-    QTest::newRow("and before the product")              << QByteArray(good).replace("desktop", "phone")             << 6;
-    QTest::newRow("one key too many")                    << Signed(ReleaseFields({{"extra", ""}}))                   << 4;
-    QTest::newRow("deep in one too many")                << Signed(ReleaseFields({{"a", QJsonArray{QJsonObject{{"b", 1.5}}}}})) << 4;
-    QTest::newRow("a key in another case is another")    << Signed(Without(ReleaseFields({{"Message", ""}}), "message")) << 4;
-    QTest::newRow("other keys come before missing ones") << Signed({{"extra", ""}})                                  << 4;
-    QTest::newRow("missing ones before the product")     << Signed(Without(ReleaseFields({{"productId", "x"}}), "detailsUrl")) << 3;
-    QTest::newRow("a message that is missing")           << Signed(Without(ReleaseFields(), "message"))              << 3;
-    QTest::newRow("a message that is none")              << Signed(ReleaseFields({{"message", QJsonValue()}}))       << 3;
-    QTest::newRow("a message may be blank")              << Signed(ReleaseFields({{"message", "  "}}))               << 0;
-    QTest::newRow("another product")                     << Signed(ReleaseFields({{"productId", "quellbrook"}}))     << 5;
-    QTest::newRow("a product in another case")           << Signed(ReleaseFields({{"productId", "Quellbrook-Desktop"}})) << 5;
-    QTest::newRow("blanks around the product")           << Signed(ReleaseFields({{"productId", " quellbrook-desktop "}})) << 0;
-    QTest::newRow("the product comes before the version") << Signed(ReleaseFields({{"productId", "x"}, {"currentVersion", "2"}})) << 5;
-    QTest::newRow("no version")                          << Signed(ReleaseFields({{"currentVersion", "2.0"}}))       << 4;
+    row("all fields",                          good,                                                     0);
+    row("a byte order mark may stand before",  "\xef\xbb\xbf" + good,                                    0);
+    row("nothing",                             QByteArray(),                                             2);
+    row("a word",                              QByteArray("release"),                                    2);
+    row("an array",                            "[" + good + "]",                                         2);
+    row("a string",                            QByteArray("\"productId\""),                              2);
+    row("cut short",                           good.chopped(2),                                          2);
+    row("something behind it",                 good + "{}",                                              2);
+    row("bytes that are no UTF-8",             QByteArray(good).replace("$29", "\xff\xfe"),              2);
+    row("too deep",                            Nested(200000),                                           2);
+    row("too deep in a field",                 QByteArray(good).replace("\"$29\"", Nested(5000)),        2);
+    row("too big a number",                    QByteArray(good).replace("\"$29\"", "1e999999"),          2);
+    row("no fields, no signature",             QByteArray("{}"),                                         6);
+    row("no signature",                        QJsonDocument(ReleaseFields()).toJson(),                  6);
+    row("a changed value",                     QByteArray(good).replace("$15", "$16"),                   6);
+    row("the signature comes before the keys", QByteArray(good).replace("{", "{\"extra\": \"\","),       6);
+    row("and before the product",              QByteArray(good).replace("desktop", "phone"),             6);
+    row("one key too many",                    Signed(ReleaseFields({{"extra", ""}})),                   4);
+    row("deep in one too many",                Signed(ReleaseFields({{"a", QJsonArray{QJsonObject{{"b", 1.5}}}}})), 4);
+    row("a key in another case is another",    Signed(Without(ReleaseFields({{"Message", ""}}), "message")), 4);
+    row("other keys come before missing ones", Signed({{"extra", ""}}),                                  4);
+    row("missing ones before the product",     Signed(Without(ReleaseFields({{"productId", "x"}}), "detailsUrl")), 3);
+    row("a message that is missing",           Signed(Without(ReleaseFields(), "message")),              3);
+    row("a message that is none",              Signed(ReleaseFields({{"message", QJsonValue()}})),       3);
+    row("a message may be blank",              Signed(ReleaseFields({{"message", "  "}})),               0);
+    row("another product",                     Signed(ReleaseFields({{"productId", "quellbrook"}})),     5);
+    row("a product in another case",           Signed(ReleaseFields({{"productId", "Quellbrook-Desktop"}})), 5);
+    row("blanks around the product",           Signed(ReleaseFields({{"productId", " quellbrook-desktop "}})), 0);
+    row("the product comes before the version", Signed(ReleaseFields({{"productId", "x"}, {"currentVersion", "2"}})), 5);
+    row("no version",                          Signed(ReleaseFields({{"currentVersion", "2.0"}})),       4);
     // clang-format on
     for (const QString& key : ReleaseFields().keys()) {
         if (key == "message")
             continue;
-        QTest::newRow(qPrintable("without " + key)) << Signed(Without(ReleaseFields(), key)) << 3;
-        QTest::newRow(qPrintable("blank " + key)) << Signed(ReleaseFields({{key, " \t\n"}})) << 3;
-        QTest::newRow(qPrintable("a number as " + key)) << Signed(ReleaseFields({{key, 2}})) << 3;
+        row(qPrintable("without " + key), Signed(Without(ReleaseFields(), key)), 3);
+        row(qPrintable("blank " + key), Signed(ReleaseFields({{key, " \t\n"}})), 3);
+        row(qPrintable("a number as " + key), Signed(ReleaseFields({{key, 2}})), 3);
     }
-}
-
-void ReleaseMetadataTest::Result()
-{
-    QFETCH(QByteArray, json);
-    ReleaseMetadata metadata;
-    QTEST(static_cast<int>(ParseReleaseMetadata(json, metadata)), "result");
 }
 
 void ReleaseMetadataTest::Url_data()
 {
-    QTest::addColumn<QString>("url");
-    QTest::addColumn<int>("result");
+    const Table row([](const QString& url, int result) {
+        for (const QString& key : urlKeys) {
+            ReleaseMetadata metadata;
+            QCOMPARE(static_cast<int>(ParseReleaseMetadata(Signed(ReleaseFields({{key, url}})), metadata)), result);
+        }
+    });
     // clang-format off
-    QTest::newRow("https")                       << "https://example.org/a?b=c#d"     << 0;
-    QTest::newRow("http")                        << "http://example.org"              << 0;
-    QTest::newRow("a scheme has no case")        << "HTTPS://EXAMPLE.ORG"             << 0;
-    QTest::newRow("a name of any script")        << "https://büro.example/€"          << 0;
-    QTest::newRow("blanks in a path are mended") << "https://example.org/a b"         << 0;
-    QTest::newRow("but not in a host")           << "https://exa mple.org"            << 4;
-    QTest::newRow("no scheme")                   << "example.org"                     << 4;
-    QTest::newRow("a relative one")              << "//example.org"                   << 4;
-    QTest::newRow("a file")                      << "file:///etc/passwd"              << 4;
-    QTest::newRow("a program")                   << "javascript:alert(1)"             << 4;
-    QTest::newRow("a scheme that begins alike")  << "httpsx://example.org"            << 4;
-    QTest::newRow("a port that is none")         << "https://example.org:port"        << 4;
+    row("https",                       "https://example.org/a?b=c#d",     0);
+    row("http",                        "http://example.org",              0);
+    row("a scheme has no case",        "HTTPS://EXAMPLE.ORG",             0);
+    row("a name of any script",        "https://büro.example/€",          0);
+    row("blanks in a path are mended", "https://example.org/a b",         0);
+    row("but not in a host",           "https://exa mple.org",            4);
+    row("no scheme",                   "example.org",                     4);
+    row("a relative one",              "//example.org",                   4);
+    row("a file",                      "file:///etc/passwd",              4);
+    row("a program",                   "javascript:alert(1)",             4);
+    row("a scheme that begins alike",  "httpsx://example.org",            4);
+    row("a port that is none",         "https://example.org:port",        4);
     // clang-format on
-}
-
-void ReleaseMetadataTest::Url()
-{
-    QFETCH(QString, url);
-    for (const QString& key : urlKeys) {
-        ReleaseMetadata metadata;
-        QTEST(static_cast<int>(ParseReleaseMetadata(Signed(ReleaseFields({{key, url}})), metadata)), "result");
-    }
 }
 
 void ReleaseMetadataTest::Uninitialized()

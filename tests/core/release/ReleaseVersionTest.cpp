@@ -1,9 +1,8 @@
 #include "core/release/ReleaseVersion.h"
+#include "../Table.h"
 
 #include "core/release/ReleaseMetadata.h"
 #include "core/release/ReleaseProduct.h"
-
-#include <QTest>
 
 using namespace ReleaseDesk;
 
@@ -12,78 +11,66 @@ class ReleaseVersionTest : public QObject {
 
 private slots:
     void Version_data();
-    void Version();
+    void Version() { CheckRow(); }
     void Comparison_data();
-    void Comparison();
+    void Comparison() { CheckRow(); }
     void ComparisonTexts();
     void ThisProgram();
 };
 
 void ReleaseVersionTest::Version_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QList<int>>("numbers"); // empty: no version
+    // No numbers: no version.
+    const Table row([](const QString& text, const QList<int>& numbers) {
+        int major = -1;
+        int minor = -1;
+        int patch = -1;
+        QCOMPARE(ParseStrictVersion(text, major, minor, patch), !numbers.isEmpty());
+        QCOMPARE(QList({major, minor, patch}), numbers.isEmpty() ? QList({-1, -1, -1}) : numbers);
+    });
     using Numbers = QList<int>;
     // clang-format off
-    QTest::newRow("three numbers")                << "1.2.3"                             << Numbers{1, 2, 3};
-    QTest::newRow("of several digits")            << "10.200.3000"                       << Numbers{10, 200, 3000};
-    QTest::newRow("blanks around")                << " \t1.2.3\n"                        << Numbers{1, 2, 3};
-    QTest::newRow("the largest of 32 bits")       << "0.0.2147483647"                    << Numbers{0, 0, 2147483647};
-    QTest::newRow("one more")                     << "0.0.2147483648"                    << Numbers{};
-    QTest::newRow("too large in front")           << "4294967297.0.0"                    << Numbers{};
-    QTest::newRow("two")                          << "1.2"                               << Numbers{};
-    QTest::newRow("four")                         << "1.2.3.4"                           << Numbers{};
-    QTest::newRow("nothing")                      << ""                                  << Numbers{};
-    QTest::newRow("a blank within")               << "1. 2.3"                            << Numbers{};
-    QTest::newRow("a sign")                       << "+1.2.3"                            << Numbers{};
-    QTest::newRow("a letter before")              << "v1.2.3"                            << Numbers{};
-    QTest::newRow("a word behind")                << "1.2.3-beta"                        << Numbers{};
-    QTest::newRow("digits of another script")     << QString::fromUtf8("١.٢.٣")          << Numbers{};
-    QTest::newRow("a zero at the end")            << QString("1.2.3") + QChar(0)         << Numbers{};
-    QTest::newRow("very long")                    << QString(100000, '1') + ".2.3"       << Numbers{};
+    row("three numbers",                "1.2.3",                             Numbers{1, 2, 3});
+    row("of several digits",            "10.200.3000",                       Numbers{10, 200, 3000});
+    row("blanks around",                " \t1.2.3\n",                        Numbers{1, 2, 3});
+    row("the largest of 32 bits",       "0.0.2147483647",                    Numbers{0, 0, 2147483647});
+    row("one more",                     "0.0.2147483648",                    Numbers{});
+    row("too large in front",           "4294967297.0.0",                    Numbers{});
+    row("two",                          "1.2",                               Numbers{});
+    row("four",                         "1.2.3.4",                           Numbers{});
+    row("nothing",                      "",                                  Numbers{});
+    row("a blank within",               "1. 2.3",                            Numbers{});
+    row("a sign",                       "+1.2.3",                            Numbers{});
+    row("a letter before",              "v1.2.3",                            Numbers{});
+    row("a word behind",                "1.2.3-beta",                        Numbers{});
+    row("digits of another script",     QString::fromUtf8("١.٢.٣"),          Numbers{});
+    row("a zero at the end",            QString("1.2.3") + QChar(0),         Numbers{});
+    row("very long",                    QString(100000, '1') + ".2.3",       Numbers{});
     // clang-format on
-}
-
-void ReleaseVersionTest::Version()
-{
-    QFETCH(QString, text);
-    QFETCH(QList<int>, numbers);
-    int major = -1;
-    int minor = -1;
-    int patch = -1;
-    QCOMPARE(ParseStrictVersion(text, major, minor, patch), !numbers.isEmpty());
-    QCOMPARE(QList({major, minor, patch}), numbers.isEmpty() ? QList({-1, -1, -1}) : numbers);
 }
 
 void ReleaseVersionTest::Comparison_data()
 {
-    QTest::addColumn<QString>("running");
-    QTest::addColumn<QString>("release");
-    QTest::addColumn<int>("comparison");
+    const Table row([](const QString& running, const QString& release, int comparison) {
+        Initialize("quellbrook-desktop", "Quellbrook Desktop", running);
+        ReleaseMetadata metadata;
+        metadata.currentVersion = release;
+        QCOMPARE(static_cast<int>(CompareReleaseVersion(metadata)), comparison);
+    });
     // clang-format off
-    QTest::newRow("equal")                                  << "1.0.0"   << "1.0.0"     << 1;
-    QTest::newRow("equal numbers")                          << "1.0.0"   << " 01.0.00 " << 1;
-    QTest::newRow("a higher patch")                         << "1.0.0"   << "1.0.1"     << 2;
-    QTest::newRow("a higher minor")                         << "1.9.9"   << "1.10.0"    << 2;
-    QTest::newRow("a higher minor with a lower patch")      << "1.0.5"   << "1.1.0"     << 2;
-    QTest::newRow("a higher major")                         << "9.0.0"   << "10.0.0"    << 3;
-    QTest::newRow("a higher major with all others lower")   << "1.9.9"   << "2.0.0"     << 3;
-    QTest::newRow("a lower patch")                          << "1.0.1"   << "1.0.0"     << 4;
-    QTest::newRow("a lower minor with a higher patch")      << "1.10.0"  << "1.9.9"     << 4;
-    QTest::newRow("a lower major with all others higher")   << "2.0.0"   << "1.9.9"     << 4;
-    QTest::newRow("a release without a version")            << "1.0.0"   << "2.0"       << 0;
-    QTest::newRow("a program without a version")            << "1.0"     << "2.0.0"     << 0;
+    row("equal",                                  "1.0.0",   "1.0.0",     1);
+    row("equal numbers",                          "1.0.0",   " 01.0.00 ", 1);
+    row("a higher patch",                         "1.0.0",   "1.0.1",     2);
+    row("a higher minor",                         "1.9.9",   "1.10.0",    2);
+    row("a higher minor with a lower patch",      "1.0.5",   "1.1.0",     2);
+    row("a higher major",                         "9.0.0",   "10.0.0",    3);
+    row("a higher major with all others lower",   "1.9.9",   "2.0.0",     3);
+    row("a lower patch",                          "1.0.1",   "1.0.0",     4);
+    row("a lower minor with a higher patch",      "1.10.0",  "1.9.9",     4);
+    row("a lower major with all others higher",   "2.0.0",   "1.9.9",     4);
+    row("a release without a version",            "1.0.0",   "2.0",       0);
+    row("a program without a version",            "1.0",     "2.0.0",     0);
     // clang-format on
-}
-
-void ReleaseVersionTest::Comparison()
-{
-    QFETCH(QString, running);
-    Initialize("quellbrook-desktop", "Quellbrook Desktop", running);
-    ReleaseMetadata metadata;
-    QFETCH(QString, release);
-    metadata.currentVersion = release;
-    QTEST(static_cast<int>(CompareReleaseVersion(metadata)), "comparison");
 }
 
 void ReleaseVersionTest::ComparisonTexts()

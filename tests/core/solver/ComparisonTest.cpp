@@ -1,8 +1,7 @@
 #include "core/solver/Comparison.h"
+#include "../Table.h"
 
 #include "core/engine/AnswerFormat.h"
-
-#include <QTest>
 
 namespace {
 
@@ -31,52 +30,47 @@ class ComparisonTest : public QObject {
 
 private slots:
     void Answer_data();
-    void Answer();
+    void Answer() { CheckRow(); }
     void ALongChain();
 };
 
 void ComparisonTest::Answer_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("status"); // empty: no comparison
+    // No status: no comparison.
+    const Table row([](const QString& line, const QString& status) {
+        const std::optional<Submission> submission = HandleComparisonSubmission(line, Setting());
+        QCOMPARE(submission.has_value(), !status.isEmpty());
+        if (!submission)
+            return;
+        QCOMPARE(*submission->status, status);
+        if (status == "FALSE")
+            QVERIFY(PadText(*submission).startsWith("*FALSE*\n"));
+        else
+            QCOMPARE(PadText(*submission), status == "TRUE" ? "*TRUE*\n" : "Cannot Compare\n");
+    });
     // clang-format off
-    QTest::newRow("sides of equal value")                      << "2+3=5"                        << "TRUE";
-    QTest::newRow("variables and ANS have their values")       << "A = ANS+1"                    << "TRUE";
-    QTest::newRow("a chain holds if every link does")          << "1<2<3"                        << "TRUE";
-    QTest::newRow("one link that fails")                       << "1<2<2"                        << "FALSE";
-    QTest::newRow("equal within the last digits")              << "0.1+0.2=0.3"                  << "TRUE";
-    QTest::newRow("equal by magnitude")                        << "1000000000000=1000000000000.5" << "TRUE";
-    QTest::newRow("not equal by magnitude")                    << "1000000000000=1000000000002"  << "FALSE";
-    QTest::newRow("below has no tolerance")                    << "1 < 1.0000000000001"          << "TRUE";
-    QTest::newRow("different has one")                         << "1 <> 1.0000000000001"         << "FALSE";
-    QTest::newRow("at most")                                   << "2<=2"                         << "TRUE";
-    QTest::newRow("above is not at most")                      << "3<=2"                         << "FALSE";
-    QTest::newRow("a chain of both")                           << "1<=2<=2>=2>=1"                << "TRUE";
-    QTest::newRow("at least")                                  << "2 >= 3"                       << "FALSE";
-    QTest::newRow("an unknown between equal signs: equation")  << "X = 5"                        << "";
-    QTest::newRow("also in a chain")                           << "1 = 1 = X"                    << "";
-    QTest::newRow("an unknown elsewhere")                      << "1 < X"                        << "Cannot Compare";
-    QTest::newRow("no operator")                               << "1+1"                          << "";
-    QTest::newRow("nothing before the first operator")         << "= 5"                          << "Cannot Compare";
-    QTest::newRow("nothing behind the last operator")          << "1 <"                          << "Cannot Compare";
-    QTest::newRow("nothing between two operators")             << "1 == 1"                       << "Cannot Compare";
-    QTest::newRow("brackets protect no operator")              << "(1<2)<3"                      << "Cannot Compare";
+    row("sides of equal value",                      "2+3=5",                        "TRUE");
+    row("variables and ANS have their values",       "A = ANS+1",                    "TRUE");
+    row("a chain holds if every link does",          "1<2<3",                        "TRUE");
+    row("one link that fails",                       "1<2<2",                        "FALSE");
+    row("equal within the last digits",              "0.1+0.2=0.3",                  "TRUE");
+    row("equal by magnitude",                        "1000000000000=1000000000000.5", "TRUE");
+    row("not equal by magnitude",                    "1000000000000=1000000000002",  "FALSE");
+    row("below has no tolerance",                    "1 < 1.0000000000001",          "TRUE");
+    row("different has one",                         "1 <> 1.0000000000001",         "FALSE");
+    row("at most",                                   "2<=2",                         "TRUE");
+    row("above is not at most",                      "3<=2",                         "FALSE");
+    row("a chain of both",                           "1<=2<=2>=2>=1",                "TRUE");
+    row("at least",                                  "2 >= 3",                       "FALSE");
+    row("an unknown between equal signs: equation",  "X = 5",                        "");
+    row("also in a chain",                           "1 = 1 = X",                    "");
+    row("an unknown elsewhere",                      "1 < X",                        "Cannot Compare");
+    row("no operator",                               "1+1",                          "");
+    row("nothing before the first operator",         "= 5",                          "Cannot Compare");
+    row("nothing behind the last operator",          "1 <",                          "Cannot Compare");
+    row("nothing between two operators",             "1 == 1",                       "Cannot Compare");
+    row("brackets protect no operator",              "(1<2)<3",                      "Cannot Compare");
     // clang-format on
-}
-
-void ComparisonTest::Answer()
-{
-    QFETCH(QString, line);
-    QFETCH(QString, status);
-    const std::optional<Submission> submission = HandleComparisonSubmission(line, Setting());
-    QCOMPARE(submission.has_value(), !status.isEmpty());
-    if (!submission)
-        return;
-    QCOMPARE(*submission->status, status);
-    if (status == "FALSE")
-        QVERIFY(PadText(*submission).startsWith("*FALSE*\n"));
-    else
-        QCOMPARE(PadText(*submission), status == "TRUE" ? "*TRUE*\n" : "Cannot Compare\n");
 }
 
 // All operands with their values; one that grows beyond measure is no report.

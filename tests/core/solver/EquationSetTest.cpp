@@ -1,4 +1,5 @@
 #include "core/solver/EquationSet.h"
+#include "../Table.h"
 
 #include "core/engine/AnswerFormat.h"
 #include "core/solver/EquationBlock.h"
@@ -7,7 +8,6 @@
 #include "core/solver/SingleUnknownSolver.h"
 
 #include <QElapsedTimer>
-#include <QTest>
 
 namespace {
 
@@ -57,7 +57,7 @@ class EquationSetTest : public QObject {
 
 private slots:
     void Solved_data();
-    void Solved();
+    void Solved() { CheckRow(); }
     void AnswersOfOneValueBecomeANS();
     void NoRootOfOneUnknown();
     void ValuesInTheText();
@@ -66,62 +66,55 @@ private slots:
     void AReportLeavesOutSidesWithoutAValue();
     void ApproximateValuesAreTidied();
     void ASearchStopsSoon_data();
-    void ASearchStopsSoon();
+    void ASearchStopsSoon() { CheckRow(); }
     void Unknowns_data();
-    void Unknowns();
+    void Unknowns() { CheckRow(); }
     void Blocks_data();
-    void Blocks();
+    void Blocks() { CheckRow(); }
 };
 
 void EquationSetTest::Solved_data()
 {
-    QTest::addColumn<QString>("equations");
-    QTest::addColumn<QString>("pad"); // how it begins
-    QTest::addColumn<QString>("status");
+    const Table row([](const QString& equations, const QString& begin, const QString& status) {
+        const EquationAnswer answer = Answer(equations);
+        const QString text = PadText(answer.submission);
+        QVERIFY2(text.left(begin.size()) == begin && text.isEmpty() == begin.isEmpty(), qPrintable(text));
+        QCOMPARE(*answer.submission.status, status);
+    });
     const QString one = "Equation solved", system = "Equation system solved", many = "One solution found";
     // clang-format off
-    QTest::newRow("a linear equation")                       << "X+5=20"            << "X = 15\n"         << one;
-    QTest::newRow("the unknown in any case")                 << "2*x=6"             << "X = 3\n"          << one;
-    QTest::newRow("variables are known")                     << "A*X=6"             << "X = 3\n"          << one;
-    QTest::newRow("so is ANS")                               << "X+ANS=2ANS"        << "X = 7\n"          << one;
-    QTest::newRow("a digit before the unknown multiplies")   << "10X=50"            << "X = 5\n"          << one;
-    QTest::newRow("an exponent mark is no unknown")          << "1E3+X=2000"        << "X = 1000\n"       << one;
-    QTest::newRow("the tail of a literal is no unknown")     << "0X1F+Y=0"          << "Y = -31\n"        << one;
-    QTest::newRow("an unknown E is none of 1e-06")           << "E*1E6=1E-6*1E6"    << "E = 1e-06\n"      << one;
-    QTest::newRow("of two roots the positive one")           << "X^2=25"            << "X = 5\n"          << one;
-    QTest::newRow("a negative root that stands alone")       << "X^3=-8"            << "X = -2\n"         << one;
-    QTest::newRow("zero comes first")                        << "X*(X-3)=0"         << "X = 0\n"          << one;
-    QTest::newRow("a root between grid points")              << "X^3-2*X-5=0"       << "X = 2.094551481542" << one; // Wallis, Algebra, 1685
-    QTest::newRow("a root in a far range")                   << "X^2=4E10"          << "X = 200000\n"     << one;
-    QTest::newRow("a function after which the unknown stands") << "SQRT X=3"        << "X = 9\n"          << one;
-    QTest::newRow("no line, though it looks like 0 = 0")     << "X^3=X"             << "X = 0\n"          << one;
-    QTest::newRow("points without a value are stepped over") << "SQRT(X-201)=2"     << "X = 205\n"        << one;
-    QTest::newRow("two lines that cross")                    << "X+Y=10;X-Y=2"      << "X = 6\nY = 4\n"   << system;
-    QTest::newRow("free unknowns are zero")                  << "X+Y=2"             << "X = 2\nY = 0\n"   << many;
-    QTest::newRow("residue of rounding is no coefficient")   << "0.1X+0.2Y=0.3;0.3X+0.6Y=0.9" << "X = 3\nY = 0\n" << many;
-    QTest::newRow("every number solves it")                  << "0*X=0"             << "X = 0\n"          << many;
-    QTest::newRow("an equation twice")                       << "X=1;X=1"           << "X = 1\n"          << system;
-    QTest::newRow("more equations than unknowns")            << "X+Y=3;X-Y=1;X+2Y=4" << "X = 2\nY = 1\n"  << system;
-    QTest::newRow("the root that solves both")               << "X^2=4;X=-2"        << "X = -2\n"         << system;
-    QTest::newRow("a circle and a line")                     << "X^2+Y^2=25;X-Y=1"  << "X = 4\nY = 3\n"   << system;
-    QTest::newRow("no unknown")                              << "5=4+A"             << "-Cannot Solve-\n" << "Cannot Solve Equation";
-    QTest::newRow("no unknown in a system")                  << "5=4;A=3"           << "-Cannot Solve-\n" << "Cannot Solve Equation System";
-    QTest::newRow("a call that cannot be written out")       << "BAD(X)=1"           << "-Cannot Solve-\n" << "Cannot Solve Equation";
-    QTest::newRow("such a call in a system")                 << "X=1;Y=BAD(X)"       << "-Cannot Solve-\n" << "Cannot Solve Equation System";
-    QTest::newRow("a value on one side of the start alone")  << "SQRT(-X)=2;X+Y=0"   << "X = -4\nY = 4\n"  << system;
-    QTest::newRow("no root, and no point that has a value")  << "SQRT(-X^2-1)=0"    << ""                 << "Solve cancelled";
-    QTest::newRow("two signs in a line of a system")         << "X=1;X=1=1"         << ""                 << "Solve cancelled";
+    row("a linear equation",                       "X+5=20",            "X = 15\n",         one);
+    row("the unknown in any case",                 "2*x=6",             "X = 3\n",          one);
+    row("variables are known",                     "A*X=6",             "X = 3\n",          one);
+    row("so is ANS",                               "X+ANS=2ANS",        "X = 7\n",          one);
+    row("a digit before the unknown multiplies",   "10X=50",            "X = 5\n",          one);
+    row("an exponent mark is no unknown",          "1E3+X=2000",        "X = 1000\n",       one);
+    row("the tail of a literal is no unknown",     "0X1F+Y=0",          "Y = -31\n",        one);
+    row("an unknown E is none of 1e-06",           "E*1E6=1E-6*1E6",    "E = 1e-06\n",      one);
+    row("of two roots the positive one",           "X^2=25",            "X = 5\n",          one);
+    row("a negative root that stands alone",       "X^3=-8",            "X = -2\n",         one);
+    row("zero comes first",                        "X*(X-3)=0",         "X = 0\n",          one);
+    row("a root between grid points",              "X^3-2*X-5=0",       "X = 2.094551481542", one); // Wallis, Algebra, 1685
+    row("a root in a far range",                   "X^2=4E10",          "X = 200000\n",     one);
+    row("a function after which the unknown stands", "SQRT X=3",        "X = 9\n",          one);
+    row("no line, though it looks like 0 = 0",     "X^3=X",             "X = 0\n",          one);
+    row("points without a value are stepped over", "SQRT(X-201)=2",     "X = 205\n",        one);
+    row("two lines that cross",                    "X+Y=10;X-Y=2",      "X = 6\nY = 4\n",   system);
+    row("free unknowns are zero",                  "X+Y=2",             "X = 2\nY = 0\n",   many);
+    row("residue of rounding is no coefficient",   "0.1X+0.2Y=0.3;0.3X+0.6Y=0.9", "X = 3\nY = 0\n", many);
+    row("every number solves it",                  "0*X=0",             "X = 0\n",          many);
+    row("an equation twice",                       "X=1;X=1",           "X = 1\n",          system);
+    row("more equations than unknowns",            "X+Y=3;X-Y=1;X+2Y=4", "X = 2\nY = 1\n",  system);
+    row("the root that solves both",               "X^2=4;X=-2",        "X = -2\n",         system);
+    row("a circle and a line",                     "X^2+Y^2=25;X-Y=1",  "X = 4\nY = 3\n",   system);
+    row("no unknown",                              "5=4+A",             "-Cannot Solve-\n", "Cannot Solve Equation");
+    row("no unknown in a system",                  "5=4;A=3",           "-Cannot Solve-\n", "Cannot Solve Equation System");
+    row("a call that cannot be written out",       "BAD(X)=1",           "-Cannot Solve-\n", "Cannot Solve Equation");
+    row("such a call in a system",                 "X=1;Y=BAD(X)",       "-Cannot Solve-\n", "Cannot Solve Equation System");
+    row("a value on one side of the start alone",  "SQRT(-X)=2;X+Y=0",   "X = -4\nY = 4\n",  system);
+    row("no root, and no point that has a value",  "SQRT(-X^2-1)=0",    "",                 "Solve cancelled");
+    row("two signs in a line of a system",         "X=1;X=1=1",         "",                 "Solve cancelled");
     // clang-format on
-}
-
-void EquationSetTest::Solved()
-{
-    QFETCH(QString, equations);
-    const EquationAnswer answer = Answer(equations);
-    QFETCH(QString, pad);
-    const QString text = PadText(answer.submission);
-    QVERIFY2(text.left(pad.size()) == pad && text.isEmpty() == pad.isEmpty(), qPrintable(text));
-    QTEST(*answer.submission.status, "status");
 }
 
 void EquationSetTest::AnswersOfOneValueBecomeANS()
@@ -210,90 +203,76 @@ void EquationSetTest::ApproximateValuesAreTidied()
     QCOMPARE(TidyApproximateAnswer(*steep, {0.3000000003}), Point({0.3000000003}));
 }
 
+// 100 ms between two ticks, and less behind the last; thrice that, for the machine may be busy.
 void EquationSetTest::ASearchStopsSoon_data()
 {
-    QTest::addColumn<QString>("equations");
-    QTest::newRow("a small system") << "X^2=-1";
-    QTest::newRow("a large linear system") << DenseSystem(600);
-    QTest::newRow("a large system") << DenseSystem(150) + ";X001^2=-1";
-    QTest::newRow("a long equation") << QString("X+").repeated(200000) + "X^2=-1E99";
-}
-
-// 100 ms between two ticks, and less behind the last; thrice that, for the machine may be busy.
-void EquationSetTest::ASearchStopsSoon()
-{
-    QFETCH(QString, equations);
-    QElapsedTimer sinceTick;
-    qint64 longest = 0;
-    int ticks = 0;
-    Answer(equations, [&](const QString&) {
-        longest = ticks == 0 ? 0 : std::max(longest, sinceTick.elapsed());
-        sinceTick.start();
-        return ++ticks < 2;
+    const Table row([](const QString& equations) {
+        QElapsedTimer sinceTick;
+        qint64 longest = 0;
+        int ticks = 0;
+        Answer(equations, [&](const QString&) {
+            longest = ticks == 0 ? 0 : std::max(longest, sinceTick.elapsed());
+            sinceTick.start();
+            return ++ticks < 2;
+        });
+        QCOMPARE(ticks, 2);
+        QVERIFY2(longest < 300, qPrintable(QString::number(longest)));
+        QVERIFY2(sinceTick.elapsed() < 300, qPrintable(QString::number(sinceTick.elapsed())));
     });
-    QCOMPARE(ticks, 2);
-    QVERIFY2(longest < 300, qPrintable(QString::number(longest)));
-    QVERIFY2(sinceTick.elapsed() < 300, qPrintable(QString::number(sinceTick.elapsed())));
+    row("a small system", "X^2=-1");
+    row("a large linear system", DenseSystem(600));
+    row("a large system", DenseSystem(150) + ";X001^2=-1");
+    row("a long equation", QString("X+").repeated(200000) + "X^2=-1E99");
 }
 
 void EquationSetTest::Unknowns_data()
 {
-    QTest::addColumn<QString>("equation");
-    QTest::addColumn<QString>("unknowns");
-    QTest::addColumn<QString>("single");
+    const Table row([](const QString& equation, const QString& unknowns, const QString& single) {
+        QStringList names;
+        QString left, right, variable;
+        FindEquationSystemVariables({equation}, names, Setting());
+        QCOMPARE(names.join(u','), unknowns);
+        QCOMPARE(ParseSingleVariableEquation(equation, left, right, variable, Setting()) ? variable : QString(),
+                 single);
+    });
     // clang-format off
-    QTest::newRow("sorted, in upper case")     << "b+A1=a2+B"         << "A1,A2,B" << "";
-    QTest::newRow("words of the language")     << "SIN(X)+PI=over+A"  << "X"       << "X";
-    QTest::newRow("number literals")           << "1E3+0x1F=2e-5+10X" << "X"       << "X";
-    QTest::newRow("a mark without its digits") << "2E=1"              << "E"       << "E";
-    QTest::newRow("a fraction, in systems")    << "FRACTION+X=1"      << "FRACTION,X" << "X";
-    QTest::newRow("none")                      << "A=FOUR"            << ""        << "";
-    QTest::newRow("two signs")                 << "X=1=1"             << "X"       << "";
-    QTest::newRow("an empty side")             << "X= "               << "X"       << "";
+    row("sorted, in upper case",     "b+A1=a2+B",         "A1,A2,B", "");
+    row("words of the language",     "SIN(X)+PI=over+A",  "X",       "X");
+    row("number literals",           "1E3+0x1F=2e-5+10X", "X",       "X");
+    row("a mark without its digits", "2E=1",              "E",       "E");
+    row("a fraction, in systems",    "FRACTION+X=1",      "FRACTION,X", "X");
+    row("none",                      "A=FOUR",            "",        "");
+    row("two signs",                 "X=1=1",             "X",       "");
+    row("an empty side",             "X= ",               "X",       "");
     // clang-format on
-}
-
-void EquationSetTest::Unknowns()
-{
-    QFETCH(QString, equation);
-    QStringList names;
-    QString left, right, variable;
-    FindEquationSystemVariables({equation}, names, Setting());
-    QTEST(names.join(u','), "unknowns");
-    QTEST(ParseSingleVariableEquation(equation, left, right, variable, Setting()) ? variable : QString(), "single");
 }
 
 void EquationSetTest::Blocks_data()
 {
-    QTest::addColumn<QString>("text"); // the cursor stands at the bar
-    QTest::addColumn<bool>("inside");
-    QTest::addColumn<QString>("equations"); // empty: no block
+    // The cursor stands at the bar. No equations: no block.
+    const Table row([](QString text, bool inside, const QString& equations) {
+        const qsizetype position = text.indexOf(u'|');
+        text.remove(u'|');
+        QStringList lines;
+        const bool found =
+            ExtractEquationBlock(text, position, lines, [](const QString& line) { return line.trimmed().toUpper(); });
+        QCOMPARE(IsInsideEquationBlock(text, position), inside);
+        QCOMPARE(lines.join(u';'), equations);
+        QCOMPARE(found, !lines.isEmpty());
+    });
     // clang-format off
-    QTest::newRow("behind the block")         << "{X=1\n\n y = 2 }\n|after" << false << "X=1;Y = 2";
-    QTest::newRow("the last of two blocks")   << "{a}\n{b}|"                << false << "B";
-    QTest::newRow("in the first of two")      << "{a|}\n{b}"                << true  << "";
-    QTest::newRow("between two")              << "{a}|\n{b}"                << false << "A";
-    QTest::newRow("an open block behind one") << "{a}\n{b|"                 << true  << "A";
-    QTest::newRow("an inner block")           << "{a{b}|c}"                 << false << "B";
-    QTest::newRow("closed twice")             << "{a}b}|"                   << false << "";
-    QTest::newRow("never opened")             << "a}|"                      << false << "";
-    QTest::newRow("only closed")              << "}|"                       << false << "";
-    QTest::newRow("empty")                    << "{ \n }|"                  << false << "";
-    QTest::newRow("at the start")             << "|{a}"                     << false << "";
+    row("behind the block",         "{X=1\n\n y = 2 }\n|after", false, "X=1;Y = 2");
+    row("the last of two blocks",   "{a}\n{b}|",                false, "B");
+    row("in the first of two",      "{a|}\n{b}",                true,  "");
+    row("between two",              "{a}|\n{b}",                false, "A");
+    row("an open block behind one", "{a}\n{b|",                 true,  "A");
+    row("an inner block",           "{a{b}|c}",                 false, "B");
+    row("closed twice",             "{a}b}|",                   false, "");
+    row("never opened",             "a}|",                      false, "");
+    row("only closed",              "}|",                       false, "");
+    row("empty",                    "{ \n }|",                  false, "");
+    row("at the start",             "|{a}",                     false, "");
     // clang-format on
-}
-
-void EquationSetTest::Blocks()
-{
-    QFETCH(QString, text);
-    const qsizetype position = text.indexOf(u'|');
-    text.remove(u'|');
-    QStringList lines;
-    const bool found =
-        ExtractEquationBlock(text, position, lines, [](const QString& line) { return line.trimmed().toUpper(); });
-    QTEST(IsInsideEquationBlock(text, position), "inside");
-    QTEST(lines.join(u';'), "equations");
-    QCOMPARE(found, !lines.isEmpty());
 }
 
 QTEST_APPLESS_MAIN(EquationSetTest)

@@ -4,10 +4,9 @@
 // Software, ACM TOMS 7 (1981) 17-41, by their numbers there. Where a root lies at zero, at which every search begins,
 // the unknowns are moved by 1.
 
+#include "../Table.h"
 #include "core/solver/EquationText.h"
 #include "core/solver/NonlinearSolver.h"
-
-#include <QTest>
 
 #include <cmath>
 
@@ -84,58 +83,53 @@ class PublishedSystemsTest : public QObject {
 
 private slots:
     void Root_data();
-    void Root();
+    void Root() { CheckRow(); }
 };
 
 void PublishedSystemsTest::Root_data()
 {
-    QTest::addColumn<QStringList>("equations");
-    QTest::addColumn<QList<double>>("root"); // sorted; empty where there are several
+    // The root is sorted, and empty where there are several.
+    const Table row([](const QStringList& equations, const QList<double>& root) {
+        const std::optional<EquationSystem> system = BuildEquationSystem(equations, {});
+        QVERIFY(system);
+        int ticks = 0;
+        SearchPulse pulse([&](const QString&) { return ++ticks < 100; });
+        Point values;
+        QVERIFY(SolveNonlinearEquationSystem(*system, values, pulse) == SearchEnd::Exact);
+        for (const QString& equation : equations) {
+            bool ok = false;
+            const double residual = EvaluateSystemEquation(equation, system->names, values, ok, system->setting);
+            QVERIFY2(ok && std::fabs(residual) < 1e-12, qPrintable(equation));
+        }
+        std::sort(values.begin(), values.end());
+        for (qsizetype i = 0; i < root.size(); ++i)
+            QVERIFY2(std::fabs(values[size_t(i)] - root[i]) < 1e-6 * std::max(1.0, std::fabs(root[i])),
+                     qPrintable(QString::number(values[size_t(i)], 'g', 17)));
+    });
     using Lines = QStringList;
     using Root = QList<double>;
     // clang-format off
-    QTest::newRow("1 Rosenbrock")             << Lines{"10*(Y-X^2)=0", "1-X=0"}                                  << Root{1, 1};
-    QTest::newRow("2 Freudenstein and Roth")  << Lines{"-13+X+((5-Y)*Y-2)*Y=0", "-29+X+((Y+1)*Y-14)*Y=0"}        << Root{4, 5};
-    QTest::newRow("3 Powell badly scaled")    << Lines{"10000*X*Y=1", "EXP(-X)+EXP(-Y)=1.0001"}                  << Root{1.098159e-5, 9.106146};
-    QTest::newRow("4 Brown badly scaled")     << Lines{"X-1E6=0", "Y-2E-6=0", "X*Y=2"}                           << Root{2e-6, 1e6};
-    QTest::newRow("5 Beale")                  << Lines{"1.5=X*(1-Y)", "2.25=X*(1-Y^2)", "2.625=X*(1-Y^3)"}       << Root{0.5, 3};
-    QTest::newRow("7 Helical valley")         << Lines{"10*(Z-10*ATAN2(Y,X)/(2PI))=0", "10*(SQRT(X^2+Y^2)-1)=0", "Z=0"} << Root{0, 0, 1};
-    QTest::newRow("13 Powell singular")       << Lines{"A-1+10*(B-1)=0", "SQRT(5)*(C-D)=0", "(B-1-2*(C-1))^2=0", "SQRT(10)*(A-D)^2=0"} << Root{1, 1, 1, 1};
-    QTest::newRow("14 Wood")                  << Lines{"10*(B-A^2)=0", "1-A=0", "SQRT(90)*(D-C^2)=0", "1-C=0", "SQRT(10)*(B+D-2)=0", "(B-D)/SQRT(10)=0"} << Root{1, 1, 1, 1};
-    QTest::newRow("12 Box")                   << Repeat(10, "EXP(-#i*X/10)-EXP(-#i*Y/10)-Z*(EXP(-#i/10)-EXP(-#i))=0") << Root{};
-    QTest::newRow("18 Biggs")                 << Repeat(13, "C*EXP(-#i*A/10)-D*EXP(-#i*B/10)+F*EXP(-#i*E/10)=EXP(-#i/10)-5EXP(-#i)+3EXP(-4*#i/10)") << Root{};
-    QTest::newRow("21 extended Rosenbrock")   << Repeat(5, "10*(Y#i-X#i^2)=0") + Repeat(5, "1-X#i=0")            << Root(10, 1.0);
-    QTest::newRow("26 trigonometric")         << Trigonometric(5)                                                << Root{};
-    QTest::newRow("27 Brown almost linear")   << BrownAlmostLinear(5)                                            << Root{};
-    QTest::newRow("28 discrete boundary value") << WithZeroEnds(Repeat(10, "2X#i-X#--X#++(X#i+#i/11+1)^3/242=0"), 10) << Root{};
-    QTest::newRow("30 Broyden tridiagonal")   << WithZeroEnds(Repeat(10, "(3-2X#i)*X#i-X#--2*X#++1=0"), 10)       << Root{};
-    QTest::newRow("31 Broyden banded")        << BroydenBanded(10)                                               << Root{};
+    row("1 Rosenbrock",             Lines{"10*(Y-X^2)=0", "1-X=0"},                                  Root{1, 1});
+    row("2 Freudenstein and Roth",  Lines{"-13+X+((5-Y)*Y-2)*Y=0", "-29+X+((Y+1)*Y-14)*Y=0"},        Root{4, 5});
+    row("3 Powell badly scaled",    Lines{"10000*X*Y=1", "EXP(-X)+EXP(-Y)=1.0001"},                  Root{1.098159e-5, 9.106146});
+    row("4 Brown badly scaled",     Lines{"X-1E6=0", "Y-2E-6=0", "X*Y=2"},                           Root{2e-6, 1e6});
+    row("5 Beale",                  Lines{"1.5=X*(1-Y)", "2.25=X*(1-Y^2)", "2.625=X*(1-Y^3)"},       Root{0.5, 3});
+    row("7 Helical valley",         Lines{"10*(Z-10*ATAN2(Y,X)/(2PI))=0", "10*(SQRT(X^2+Y^2)-1)=0", "Z=0"}, Root{0, 0, 1});
+    row("13 Powell singular",       Lines{"A-1+10*(B-1)=0", "SQRT(5)*(C-D)=0", "(B-1-2*(C-1))^2=0", "SQRT(10)*(A-D)^2=0"}, Root{1, 1, 1, 1});
+    row("14 Wood",                  Lines{"10*(B-A^2)=0", "1-A=0", "SQRT(90)*(D-C^2)=0", "1-C=0", "SQRT(10)*(B+D-2)=0", "(B-D)/SQRT(10)=0"}, Root{1, 1, 1, 1});
+    row("12 Box",                   Repeat(10, "EXP(-#i*X/10)-EXP(-#i*Y/10)-Z*(EXP(-#i/10)-EXP(-#i))=0"), Root{});
+    row("18 Biggs",                 Repeat(13, "C*EXP(-#i*A/10)-D*EXP(-#i*B/10)+F*EXP(-#i*E/10)=EXP(-#i/10)-5EXP(-#i)+3EXP(-4*#i/10)"), Root{});
+    row("21 extended Rosenbrock",   Repeat(5, "10*(Y#i-X#i^2)=0") + Repeat(5, "1-X#i=0"),            Root(10, 1.0));
+    row("26 trigonometric",         Trigonometric(5),                                                Root{});
+    row("27 Brown almost linear",   BrownAlmostLinear(5),                                            Root{});
+    row("28 discrete boundary value", WithZeroEnds(Repeat(10, "2X#i-X#--X#++(X#i+#i/11+1)^3/242=0"), 10), Root{});
+    row("30 Broyden tridiagonal",   WithZeroEnds(Repeat(10, "(3-2X#i)*X#i-X#--2*X#++1=0"), 10),       Root{});
+    row("31 Broyden banded",        BroydenBanded(10),                                               Root{});
     // Abscissas of Chebyshev's quadrature with equal weights: Abramowitz and Stegun, table 25.5, moved to [0, 1].
-    QTest::newRow("35 Chebyquad of 2")        << Chebyquad(2) << Root{0.2113248654, 0.7886751346};
-    QTest::newRow("35 Chebyquad of 4")        << Chebyquad(4) << Root{0.10267276385, 0.40620376295, 0.59379623705, 0.89732723615};
-    QTest::newRow("35 Chebyquad of 5")        << Chebyquad(5) << Root{0.0837512565, 0.3127292952, 0.5, 0.6872707048, 0.9162487435};
+    row("35 Chebyquad of 2",        Chebyquad(2), Root{0.2113248654, 0.7886751346});
+    row("35 Chebyquad of 4",        Chebyquad(4), Root{0.10267276385, 0.40620376295, 0.59379623705, 0.89732723615});
+    row("35 Chebyquad of 5",        Chebyquad(5), Root{0.0837512565, 0.3127292952, 0.5, 0.6872707048, 0.9162487435});
     // clang-format on
-}
-
-void PublishedSystemsTest::Root()
-{
-    QFETCH(QStringList, equations);
-    QFETCH(QList<double>, root);
-    const std::optional<EquationSystem> system = BuildEquationSystem(equations, {});
-    QVERIFY(system);
-    int ticks = 0;
-    SearchPulse pulse([&](const QString&) { return ++ticks < 100; });
-    Point values;
-    QVERIFY(SolveNonlinearEquationSystem(*system, values, pulse) == SearchEnd::Exact);
-    for (const QString& equation : equations) {
-        bool ok = false;
-        const double residual = EvaluateSystemEquation(equation, system->names, values, ok, system->setting);
-        QVERIFY2(ok && std::fabs(residual) < 1e-12, qPrintable(equation));
-    }
-    std::sort(values.begin(), values.end());
-    for (qsizetype i = 0; i < root.size(); ++i)
-        QVERIFY2(std::fabs(values[size_t(i)] - root[i]) < 1e-6 * std::max(1.0, std::fabs(root[i])),
-                 qPrintable(QString::number(values[size_t(i)], 'g', 17)));
 }
 
 QTEST_APPLESS_MAIN(PublishedSystemsTest)

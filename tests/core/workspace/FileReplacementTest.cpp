@@ -1,12 +1,12 @@
 #include "core/workspace/FileReplacement.h"
+#include "../Table.h"
 #include "FullDisk.h"
+#include "TestFiles.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -20,19 +20,6 @@ const QString longestName(255, 'n');
 
 const QByteArray oldBytes(3000, 'o');
 const QByteArray newBytes(9000, 'n');
-
-QByteArray Contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(not readable)");
-}
-
-void Write(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
 
 struct stat StateOf(const QString& path)
 {
@@ -49,12 +36,12 @@ class FileReplacementTest : public QObject {
 private slots:
     void init();
     void Replace_data();
-    void Replace();
+    void Replace() { CheckRow(); }
     void KeepsLinksAndPermissions();
     void NewFileForOwnerAlone();
     void NoFile();
     void FullDiskKeepsOldFile_data();
-    void FullDiskKeepsOldFile();
+    void FullDiskKeepsOldFile() { CheckRow(); }
     void KilledAtAnyMoment();
 
 private:
@@ -71,30 +58,23 @@ void FileReplacementTest::init()
 
 void FileReplacementTest::Replace_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("before"); // null: there is no file
-    QTest::addColumn<QByteArray>("after");
+    // Before it is null where there is no file.
+    const Table row([this](const QString& name, const QByteArray& before, const QByteArray& after) {
+        if (!before.isNull())
+            Write(Path(name), before);
+        QCOMPARE(ReplaceFileContents(Path(name), after), FileReplacement::Complete);
+        QCOMPARE(Contents(Path(name)), after);
+        QCOMPARE(QDir(directory->path()).entryList(QDir::Files), QStringList(name));
+    });
     // clang-format off
-    QTest::newRow("a new file")                                 << "a.txt"     << QByteArray() << newBytes;
-    QTest::newRow("a longer content")                           << "a.txt"     << oldBytes     << newBytes;
-    QTest::newRow("a shorter content leaves no rest")           << "a.txt"     << newBytes     << oldBytes;
-    QTest::newRow("nothing")                                    << "a.txt"     << oldBytes     << QByteArray("");
-    QTest::newRow("a new file where none fits beside it")       << longestName << QByteArray() << newBytes;
-    QTest::newRow("a file that none fits beside")               << longestName << oldBytes     << newBytes;
-    QTest::newRow("a shorter content where none fits beside it") << longestName << newBytes    << oldBytes;
+    row("a new file",                                 "a.txt",     QByteArray(), newBytes);
+    row("a longer content",                           "a.txt",     oldBytes,     newBytes);
+    row("a shorter content leaves no rest",           "a.txt",     newBytes,     oldBytes);
+    row("nothing",                                    "a.txt",     oldBytes,     QByteArray(""));
+    row("a new file where none fits beside it",       longestName, QByteArray(), newBytes);
+    row("a file that none fits beside",               longestName, oldBytes,     newBytes);
+    row("a shorter content where none fits beside it", longestName, newBytes,    oldBytes);
     // clang-format on
-}
-
-void FileReplacementTest::Replace()
-{
-    QFETCH(QString, name);
-    QFETCH(QByteArray, before);
-    QFETCH(QByteArray, after);
-    if (!before.isNull())
-        Write(Path(name), before);
-    QCOMPARE(ReplaceFileContents(Path(name), after), FileReplacement::Complete);
-    QCOMPARE(Contents(Path(name)), after);
-    QCOMPARE(QDir(directory->path()).entryList(QDir::Files), QStringList(name));
 }
 
 void FileReplacementTest::KeepsLinksAndPermissions()
@@ -145,32 +125,24 @@ void FileReplacementTest::NoFile()
 
 void FileReplacementTest::FullDiskKeepsOldFile_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("linked");
-    QTest::addColumn<QByteArray>("bytes");
+    const Table row([this](const QString& name, bool linked, const QByteArray& bytes) {
+        Write(Path(name), oldBytes);
+        if (linked)
+            QCOMPARE(link(QFile::encodeName(Path(name)), QFile::encodeName(Path("z"))), 0);
+        const QStringList files = QDir(directory->path()).entryList(QDir::Files);
+        {
+            const FullDisk full(oldBytes.size() + 2000);
+            QCOMPARE(ReplaceFileContents(Path(name), bytes), FileReplacement::Incomplete);
+        }
+        QCOMPARE(Contents(Path(name)), oldBytes);
+        QCOMPARE(QDir(directory->path()).entryList(QDir::Files), files);
+    });
     // clang-format off
-    QTest::newRow("a few bytes too many")          << "a.txt"     << false << newBytes;
-    QTest::newRow("many bytes too many")           << "a.txt"     << false << QByteArray(900000, 'n');
-    QTest::newRow("a file with a second name")     << "a.txt"     << true  << newBytes;
-    QTest::newRow("a file that none fits beside")  << longestName << false << newBytes;
+    row("a few bytes too many",          "a.txt",     false, newBytes);
+    row("many bytes too many",           "a.txt",     false, QByteArray(900000, 'n'));
+    row("a file with a second name",     "a.txt",     true,  newBytes);
+    row("a file that none fits beside",  longestName, false, newBytes);
     // clang-format on
-}
-
-void FileReplacementTest::FullDiskKeepsOldFile()
-{
-    QFETCH(QString, name);
-    QFETCH(bool, linked);
-    QFETCH(QByteArray, bytes);
-    Write(Path(name), oldBytes);
-    if (linked)
-        QCOMPARE(link(QFile::encodeName(Path(name)), QFile::encodeName(Path("z"))), 0);
-    const QStringList files = QDir(directory->path()).entryList(QDir::Files);
-    {
-        const FullDisk full(oldBytes.size() + 2000);
-        QCOMPARE(ReplaceFileContents(Path(name), bytes), FileReplacement::Incomplete);
-    }
-    QCOMPARE(Contents(Path(name)), oldBytes);
-    QCOMPARE(QDir(directory->path()).entryList(QDir::Files), files);
 }
 
 void FileReplacementTest::KilledAtAnyMoment()

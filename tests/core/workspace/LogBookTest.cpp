@@ -1,8 +1,8 @@
 #include "core/workspace/LogBook.h"
+#include "../Table.h"
 
 #include <QHash>
 #include <QRegularExpression>
-#include <QTest>
 
 #include <algorithm>
 #include <functional>
@@ -79,7 +79,7 @@ public:
 private slots:
     void Written();
     void Read_data();
-    void Read();
+    void Read() { CheckRow(); }
     void SameAsThePattern();
     void CutAnywhere();
     void OneLongLine();
@@ -98,72 +98,48 @@ void LogBookTest::Written()
 
 void LogBookTest::Read_data()
 {
-    QTest::addColumn<QByteArray>("log");
-    QTest::addColumn<QStringList>("days");
+    const Table row([](const QByteArray& log, const QStringList& days) { QCOMPARE(Days(log), days); });
     const QByteArray dawn = Header("Mon Nov 16 01:00:00 2026");
     const QByteArray padded = Header("  Mon Nov 16 05:33:44 2026 ");
     const QString cut = QString::fromLatin1(tuesday.chopped(1));
     const QChar unknown = QChar::ReplacementCharacter;
     const QStringList both{"2026-11-17: @b|", "2026-11-16: @a|"};
     // clang-format off
-    QTest::newRow("nothing")                          << QByteArray()                                       << QStringList();
-    QTest::newRow("the newest day first")             << monday + "a\n" + tuesday + "b\n"                   << both;
-    QTest::newRow("whatever their order in the log")  << tuesday + "b\n" + monday + "a\n"                   << both;
-    QTest::newRow("sessions of a day in file order")  << monday + "a\n" + dawn + "b\n"                      << QStringList{"2026-11-16: @a|@b|"};
-    QTest::newRow("also with another day between")    << monday + "a\n" + tuesday + "b\n" + dawn + "c\n"    << QStringList{"2026-11-17: @b|", "2026-11-16: @a|@c|"};
-    QTest::newRow("an empty pad")                     << monday + "\n" + tuesday                            << QStringList{"2026-11-17: @", "2026-11-16: @|"};
-    QTest::newRow("text before the first header")     << "lost\n" + monday + "a\n"                          << QStringList{"2026-11-16: @a|"};
-    QTest::newRow("a header that is no date")         << monday + "a\n" + Header("x") + "lost\n" + dawn + "b\n" << QStringList{"2026-11-16: @a|@b|"};
-    QTest::newRow("a day that does not exist")        << monday + "a\n" + Header("Mon Feb 30 05:33:44 2026") + "lost\n" << QStringList{"2026-11-16: @a|"};
-    QTest::newRow("an hour that does not exist")      << monday + "a\n" + Header("Mon Nov 16 24:00:00 2026") + "lost\n" << QStringList{"2026-11-16: @a|"};
-    QTest::newRow("a minute that is no number")       << monday + "a\n" + Header("Mon Nov 16 05:3/:44 2026") + Header("Mon Nov 16 05:x3:44 2026") + "lost\n" << QStringList{"2026-11-16: @a|"};
-    QTest::newRow("other marks in the time")          << monday + "a\n" + Header("Mon Nov 16 05.33:44 2026") + Header("Mon Nov 16 05:33.44 2026") + "lost\n" << QStringList{"2026-11-16: @a|"};
-    QTest::newRow("an hour that the clock skips here") << Header("Sun Mar 29 02:30:00 2026") + "a\n"        << QStringList{"2026-03-29: @a|"};
-    QTest::newRow("a name in another language")       << Header("Pzt Kas 16 05:33:44 2026") + "lost\n"      << QStringList();
-    QTest::newRow("hyphens alone")                    << monday + QByteArray(60, '-') + "\nlost\n"          << QStringList{"2026-11-16: @"};
-    QTest::newRow("too few hyphens are text")         << monday + QByteArray(39, '-') + "\n"                << QStringList{"2026-11-16: @" + QString(39, '-') + "|"};
-    QTest::newRow("so is a header within a line")     << monday + " " + tuesday                             << QStringList{"2026-11-16: @ @"};
-    QTest::newRow("and one with text behind it")      << monday + tuesday.chopped(1) + "a\n"                << QStringList{"2026-11-16: @" + cut + "a|"};
-    QTest::newRow("and one that was cut short")       << monday + tuesday.chopped(1)                        << QStringList{"2026-11-16: @" + cut};
-    QTest::newRow("line ends of another system")      << monday.chopped(1) + "\r\na\r\n"                    << QStringList{"2026-11-16: @a\r|"};
-    QTest::newRow("blanks around the time")           << padded + "a\n"      << QStringList{QString("2026-11-16: ") + QString(padded).replace('\n', '|') + "a|"};
-    QTest::newRow("a byte order mark")                << "\xef\xbb\xbf" + monday + "a\n"                    << QStringList{"2026-11-16: @a|"};
-    QTest::newRow("no UTF-8, and a character of 0")   << monday + QByteArray("\xff\0\xe2\x82\n", 5)         << QStringList{"2026-11-16: @" + unknown + QChar(0) + unknown + unknown + "|"};
+    row("nothing",                          QByteArray(),                                       QStringList());
+    row("the newest day first",             monday + "a\n" + tuesday + "b\n",                   both);
+    row("whatever their order in the log",  tuesday + "b\n" + monday + "a\n",                   both);
+    row("sessions of a day in file order",  monday + "a\n" + dawn + "b\n",                      QStringList{"2026-11-16: @a|@b|"});
+    row("also with another day between",    monday + "a\n" + tuesday + "b\n" + dawn + "c\n",    QStringList{"2026-11-17: @b|", "2026-11-16: @a|@c|"});
+    row("an empty pad",                     monday + "\n" + tuesday,                            QStringList{"2026-11-17: @", "2026-11-16: @|"});
+    row("text before the first header",     "lost\n" + monday + "a\n",                          QStringList{"2026-11-16: @a|"});
+    row("a header that is no date",         monday + "a\n" + Header("x") + "lost\n" + dawn + "b\n", QStringList{"2026-11-16: @a|@b|"});
+    row("a day that does not exist",        monday + "a\n" + Header("Mon Feb 30 05:33:44 2026") + "lost\n", QStringList{"2026-11-16: @a|"});
+    row("an hour that does not exist",      monday + "a\n" + Header("Mon Nov 16 24:00:00 2026") + "lost\n", QStringList{"2026-11-16: @a|"});
+    row("a minute that is no number",       monday + "a\n" + Header("Mon Nov 16 05:3/:44 2026") + Header("Mon Nov 16 05:x3:44 2026") + "lost\n", QStringList{"2026-11-16: @a|"});
+    row("other marks in the time",          monday + "a\n" + Header("Mon Nov 16 05.33:44 2026") + Header("Mon Nov 16 05:33.44 2026") + "lost\n", QStringList{"2026-11-16: @a|"});
+    row("an hour that the clock skips here", Header("Sun Mar 29 02:30:00 2026") + "a\n",        QStringList{"2026-03-29: @a|"});
+    row("a name in another language",       Header("Pzt Kas 16 05:33:44 2026") + "lost\n",      QStringList());
+    row("hyphens alone",                    monday + QByteArray(60, '-') + "\nlost\n",          QStringList{"2026-11-16: @"});
+    row("too few hyphens are text",         monday + QByteArray(39, '-') + "\n",                QStringList{"2026-11-16: @" + QString(39, '-') + "|"});
+    row("so is a header within a line",     monday + " " + tuesday,                             QStringList{"2026-11-16: @ @"});
+    row("and one with text behind it",      monday + tuesday.chopped(1) + "a\n",                QStringList{"2026-11-16: @" + cut + "a|"});
+    row("and one that was cut short",       monday + tuesday.chopped(1),                        QStringList{"2026-11-16: @" + cut});
+    row("line ends of another system",      monday.chopped(1) + "\r\na\r\n",                    QStringList{"2026-11-16: @a\r|"});
+    row("blanks around the time",           padded + "a\n",      QStringList{QString("2026-11-16: ") + QString(padded).replace('\n', '|') + "a|"});
+    row("a byte order mark",                "\xef\xbb\xbf" + monday + "a\n",                    QStringList{"2026-11-16: @a|"});
+    row("no UTF-8, and a character of 0",   monday + QByteArray("\xff\0\xe2\x82\n", 5),         QStringList{"2026-11-16: @" + unknown + QChar(0) + unknown + unknown + "|"});
     // clang-format on
-}
-
-void LogBookTest::Read()
-{
-    QFETCH(QByteArray, log);
-    QTEST(Days(log), "days");
 }
 
 void LogBookTest::SameAsThePattern()
 {
     const QByteArray rule(20, '-');
-    const QList<QByteArray> pieces{monday,
-                                   tuesday,
-                                   rule,
-                                   "-",
-                                   "\n",
-                                   "\r",
-                                   "\r\n",
-                                   "Mon Nov 16 ",
-                                   "2026",
-                                   "05:33:44",
-                                   "05:60:44",
-                                   " ",
-                                   "\xc3\xa4",
-                                   "\xff",
-                                   "\xe2\x82",
-                                   "\xe2\x80\xa8",
-                                   "\xc2\x85",
-                                   "\f",
-                                   QByteArray(1, 0),
-                                   "a",
-                                   rule + "\n",
-                                   monday.chopped(1) + "\r\n",
-                                   "Sun Nov 15 05:33:44 2026"};
+    // clang-format off
+    const QList<QByteArray> pieces{
+        monday, tuesday, rule, "-", "\n", "\r", "\r\n", "Mon Nov 16 ", "2026", "05:33:44", "05:60:44", " ",
+        "\xc3\xa4", "\xff", "\xe2\x82", "\xe2\x80\xa8", "\xc2\x85", "\f", QByteArray(1, 0), "a", rule + "\n",
+        monday.chopped(1) + "\r\n", "Sun Nov 15 05:33:44 2026"};
+    // clang-format on
     std::mt19937 random(1);
     int found = 0;
     for (int round = 0; round < 20000; ++round) {

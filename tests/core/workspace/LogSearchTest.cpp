@@ -1,6 +1,5 @@
 #include "core/workspace/LogSearch.h"
-
-#include <QTest>
+#include "../Table.h"
 
 #include <array>
 
@@ -48,18 +47,28 @@ class LogSearchTest : public QObject {
 
 private slots:
     void PiecesAsTheWhole_data();
-    void PiecesAsTheWhole();
+    void PiecesAsTheWhole() { CheckRow(); }
     void Costly_data();
-    void Costly();
+    void Costly() { CheckRow(); }
     void Days_data();
-    void Days();
+    void Days() { CheckRow(); }
     void InvalidTerms_data();
-    void InvalidTerms();
+    void InvalidTerms() { CheckRow(); }
 };
 
 void LogSearchTest::PiecesAsTheWhole_data()
 {
-    QTest::addColumn<QString>("pattern");
+    const Table row([](const QString& pattern) {
+        const QRegularExpression expression = SearchExpression(pattern, Qt::CaseSensitive);
+        QVERIFY(expression.isValid());
+        static const QStringList texts = TextsWithNeedles();
+        for (const QString& text : texts) {
+            PatternSearch search(expression, text);
+            int slices = 0;
+            const bool found = expression.match(text).hasMatch();
+            QCOMPARE(RunToEnd(search, slices), found ? SearchResult::Found : SearchResult::Absent);
+        }
+    });
     // clang-format off
     for (const char* pattern :
          {"needle", "NEEDLE", "n.*e", "needle$", "(?m)needle$", "(?m)^needle", "^needle", "needle\\z", "needle\\Z",
@@ -69,108 +78,76 @@ void LogSearchTest::PiecesAsTheWhole_data()
           "\\Gneedle", "x(*COMMIT)y|needle", "needle(?s).+", "needle\\X\\X", "𝛑needle", "[^\\n]needle", "needle.",
           "\\A(?s).*needle", ".*needle", "(?s).*needle", "needle\\s*\\n\\s*\\d", "(?<=ne)edle\\n\\d",
           "(?s)(?<=\\n12 \\+).*needle"}) {
-        QTest::newRow(pattern) << pattern;
+        row(pattern, pattern);
     }
     // clang-format on
-}
-
-void LogSearchTest::PiecesAsTheWhole()
-{
-    QFETCH(QString, pattern);
-    const QRegularExpression expression = SearchExpression(pattern, Qt::CaseSensitive);
-    QVERIFY(expression.isValid());
-    static const QStringList texts = TextsWithNeedles();
-    for (const QString& text : texts) {
-        PatternSearch search(expression, text);
-        int slices = 0;
-        const bool found = expression.match(text).hasMatch();
-        QCOMPARE(RunToEnd(search, slices), found ? SearchResult::Found : SearchResult::Absent);
-    }
 }
 
 void LogSearchTest::Costly_data()
 {
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<SearchResult>("result");
+    const Table row([](const QString& pattern, const QString& text, SearchResult result) {
+        PatternSearch search(SearchExpression(pattern, Qt::CaseInsensitive), text);
+        int slices = 0;
+        QCOMPARE(RunToEnd(search, slices), result);
+        QVERIFY(text.size() < 200000 || slices > 2);
+    });
     const QString letters(2000, 'a');
     // clang-format off
-    QTest::newRow("more and more ways to the same end") << "(a+)+$"    << letters + "!\n"                << SearchResult::Failed;
-    QTest::newRow("also in a later piece")              << "(a+)+$"    << Filler(300000) + letters + "!" << SearchResult::Failed;
-    QTest::newRow("more depth than there is memory")    << "(a|b)*x"   << letters.repeated(50) + "x"     << SearchResult::Failed;
-    QTest::newRow("only many steps")                    << ".*=.*=.*x" << Filler(3000000)                << SearchResult::Absent;
+    row("more and more ways to the same end", "(a+)+$",    letters + "!\n",                SearchResult::Failed);
+    row("also in a later piece",              "(a+)+$",    Filler(300000) + letters + "!", SearchResult::Failed);
+    row("more depth than there is memory",    "(a|b)*x",   letters.repeated(50) + "x",     SearchResult::Failed);
+    row("only many steps",                    ".*=.*=.*x", Filler(3000000),                SearchResult::Absent);
     // clang-format on
-}
-
-void LogSearchTest::Costly()
-{
-    QFETCH(QString, pattern);
-    QFETCH(QString, text);
-    PatternSearch search(SearchExpression(pattern, Qt::CaseInsensitive), text);
-    int slices = 0;
-    QTEST(RunToEnd(search, slices), "result");
-    QVERIFY(text.size() < 200000 || slices > 2);
 }
 
 void LogSearchTest::Days_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("caseSensitive");
-    QTest::addColumn<QList<qsizetype>>("matching");
+    const Table row([](const QString& text, bool caseSensitive, const QList<qsizetype>& matching) {
+        const std::array<QString, 4> texts{"MORTGAGE\n--\n[a] PAYMENT\nCAR\n", "Mortgage\nx=4\n",
+                                           "MORTGAGE PAYMENT\ny=5\n", "rate=3\n5+(2)\n"};
+        QList<LogDay> days;
+        for (const QString& day : texts) // longer than a piece, so that a day goes on where it was left
+            days.append({QDate(2026, 11, 30).addDays(-days.size()), QString(40'000, '.') + '\n' + day});
+        QList<SearchTerm> terms;
+        QString error;
+        QVERIFY(BuildFriendlySearchTerms(text, caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive, terms, error));
+        LogSearch search(days, terms);
+        while (search.Continue(noTime) == SearchResult::Unfinished) {
+        }
+        QCOMPARE(search.MatchingDays(), matching);
+    });
     using Indices = QList<qsizetype>;
     // clang-format off
-    QTest::newRow("nothing: every day")                 << ""                       << false << Indices{0, 1, 2, 3};
-    QTest::newRow("blanks too")                         << "  "                     << false << Indices{0, 1, 2, 3};
-    QTest::newRow("a word in any case")                 << "mortgage"               << false << Indices{0, 1, 2};
-    QTest::newRow("a word in its case")                 << "MORTGAGE"               << true  << Indices{0, 2};
-    QTest::newRow("all words, from different entries")  << "mortgage payment"       << false << Indices{0, 2};
-    QTest::newRow("a phrase stays together")            << "\"mortgage payment\""   << false << Indices{2};
-    QTest::newRow("no day with an excluded word")       << "mortgage -car"          << false << Indices{1, 2};
-    QTest::newRow("an excluded word alone")             << "-mortgage"              << false << Indices{3};
-    QTest::newRow("an excluded phrase")                 << "-\"mortgage payment\""  << false << Indices{0, 1, 3};
-    QTest::newRow("any text, within a line")            << "mort*payment"           << false << Indices{2};
-    QTest::newRow("one character and a digit")          << "r?te=#"                 << false << Indices{3};
-    QTest::newRow("a set")                              << "[x-z]=[!5]"             << false << Indices{1};
-    QTest::newRow("an open bracket is itself")          << "[a"                     << false << Indices{0};
-    QTest::newRow("what is special to expressions is itself") << "5+(2"             << false << Indices{3};
-    QTest::newRow("nowhere")                            << "mortgage -mortgage"     << false << Indices{};
+    row("nothing: every day",                 "",                       false, Indices{0, 1, 2, 3});
+    row("blanks too",                         "  ",                     false, Indices{0, 1, 2, 3});
+    row("a word in any case",                 "mortgage",               false, Indices{0, 1, 2});
+    row("a word in its case",                 "MORTGAGE",               true,  Indices{0, 2});
+    row("all words, from different entries",  "mortgage payment",       false, Indices{0, 2});
+    row("a phrase stays together",            "\"mortgage payment\"",   false, Indices{2});
+    row("no day with an excluded word",       "mortgage -car",          false, Indices{1, 2});
+    row("an excluded word alone",             "-mortgage",              false, Indices{3});
+    row("an excluded phrase",                 "-\"mortgage payment\"",  false, Indices{0, 1, 3});
+    row("any text, within a line",            "mort*payment",           false, Indices{2});
+    row("one character and a digit",          "r?te=#",                 false, Indices{3});
+    row("a set",                              "[x-z]=[!5]",             false, Indices{1});
+    row("an open bracket is itself",          "[a",                     false, Indices{0});
+    row("what is special to expressions is itself", "5+(2",             false, Indices{3});
+    row("nowhere",                            "mortgage -mortgage",     false, Indices{});
     // clang-format on
-}
-
-void LogSearchTest::Days()
-{
-    QFETCH(QString, text);
-    QFETCH(bool, caseSensitive);
-    const std::array<QString, 4> texts{"MORTGAGE\n--\n[a] PAYMENT\nCAR\n", "Mortgage\nx=4\n", "MORTGAGE PAYMENT\ny=5\n",
-                                       "rate=3\n5+(2)\n"};
-    QList<LogDay> days;
-    for (const QString& day : texts) // longer than a piece, so that a day goes on where it was left
-        days.append({QDate(2026, 11, 30).addDays(-days.size()), QString(40'000, '.') + '\n' + day});
-    QList<SearchTerm> terms;
-    QString error;
-    QVERIFY(BuildFriendlySearchTerms(text, caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive, terms, error));
-    LogSearch search(days, terms);
-    while (search.Continue(noTime) == SearchResult::Unfinished) {
-    }
-    QTEST(search.MatchingDays(), "matching");
 }
 
 void LogSearchTest::InvalidTerms_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::newRow("a range the wrong way round") << "[z-a]";
-    QTest::newRow("behind a valid term") << "mortgage [z-a]";
-    QTest::newRow("an excluded one") << "-[z-a]";
-}
-
-void LogSearchTest::InvalidTerms()
-{
-    QFETCH(QString, text);
-    QList<SearchTerm> terms{{}};
-    QString error;
-    QVERIFY(!BuildFriendlySearchTerms(text, Qt::CaseInsensitive, terms, error));
-    QVERIFY(terms.isEmpty());
-    QVERIFY(!error.isEmpty() && error != "no error");
+    const Table row([](const QString& text) {
+        QList<SearchTerm> terms{{}};
+        QString error;
+        QVERIFY(!BuildFriendlySearchTerms(text, Qt::CaseInsensitive, terms, error));
+        QVERIFY(terms.isEmpty());
+        QVERIFY(!error.isEmpty() && error != "no error");
+    });
+    row("a range the wrong way round", "[z-a]");
+    row("behind a valid term", "mortgage [z-a]");
+    row("an excluded one", "-[z-a]");
 }
 
 QTEST_GUILESS_MAIN(LogSearchTest)

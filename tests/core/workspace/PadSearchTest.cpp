@@ -1,19 +1,19 @@
 #include "core/workspace/PadSearch.h"
+#include "../Table.h"
 
 #include "core/workspace/PatternSearch.h"
 
 #include <QRandomGenerator>
-#include <QTest>
 
 class PadSearchTest : public QObject {
     Q_OBJECT
 
 private slots:
     void Matches_data();
-    void Matches();
+    void Matches() { CheckRow(); }
     void PiecesDoNotShow();
     void LargePads_data();
-    void LargePads();
+    void LargePads() { CheckRow(); }
 };
 
 namespace {
@@ -39,65 +39,52 @@ QString Found(const QString& text, const QString& sought, const QString& options
 
 void PadSearchTest::Matches_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("sought");
-    QTest::addColumn<QString>("options");
-    QTest::addColumn<QString>("found");
+    const Table row([](const QString& text, const QString& sought, const QString& options, const QString& found) {
+        QCOMPARE(Found(text, sought, options), found);
+    });
     const QString pad = "Car 12\ncar 3\nCARGO";
     // clang-format off
-    QTest::newRow("a word, in any case")                  << pad      << "car"            << ""           << "0+3 7+3 13+3";
-    QTest::newRow("a word in its case")                   << pad      << "car"            << "case"       << "7+3";
-    QTest::newRow("two words, in the pad's order")        << pad      << "go car"         << ""           << "0+3 7+3 13+3 16+2";
-    QTest::newRow("one of two is missing")                << pad      << "car boat"       << ""           << "";
-    QTest::newRow("a phrase")                             << pad      << "\"car 3\""      << ""           << "7+5";
-    QTest::newRow("no phrase across lines")               << pad      << "\"12 car\""     << ""           << "";
-    QTest::newRow("an excluded word that is there")       << pad      << "car -12"        << ""           << "";
-    QTest::newRow("an excluded word that is not")         << pad      << "car -boat"      << ""           << "0+3 7+3 13+3";
-    QTest::newRow("an excluded pattern that takes all")   << pad      << "car -*"         << ""           << "";
-    QTest::newRow("matches of two terms overlap")         << "abcd"   << "abc bcd"        << ""           << "0+3 1+3";
-    QTest::newRow("the same match of two terms is one")   << "abc"    << "abc a?c"        << ""           << "0+3";
-    QTest::newRow("at one place the shorter comes first") << "abc"    << "abc a"          << ""           << "0+1 0+3";
-    QTest::newRow("any text takes as little as it can")   << "a1b2b"  << "a*b"            << ""           << "0+3";
-    QTest::newRow("any text ends with the line")          << "a\nb"   << "a*b"            << ""           << "";
-    QTest::newRow("one character")                        << "a1b ab" << "a?b"            << ""           << "0+3";
-    QTest::newRow("a digit")                              << pad      << "#"              << ""           << "4+1 5+1 11+1";
-    QTest::newRow("a digit that no calculation reads")    << QString::fromUtf8("\xd9\xa3") << "#" << ""  << "";
-    QTest::newRow("a set")                                << "abcd"   << "[bd]"           << ""           << "1+1 3+1";
-    QTest::newRow("all but a set")                        << "abcd"   << "[!bd]"          << ""           << "0+1 2+1";
-    QTest::newRow("a bracket alone")                      << "x[1"    << "["              << ""           << "1+1";
-    QTest::newRow("special characters")                   << "(1+2).5"<< "1+2)."          << ""           << "1+5";
-    QTest::newRow("an expression")                        << pad      << "car\\s\\d"      << "regex"      << "0+5 7+5";
-    QTest::newRow("an expression in its case")            << pad      << "Car\\s\\d"      << "regex case" << "0+5";
-    QTest::newRow("an expression with blanks and quotes") << "a \"b"  << " \"b"           << "regex"      << "1+3";
-    QTest::newRow("no empty match")                       << "aXbX"   << "X*"             << "regex"      << "1+1 3+1";
-    QTest::newRow("nothing but empty matches")            << "ab"     << "^|$|(?=b)"      << "regex"      << "";
-    QTest::newRow("a look behind")                        << pad      << "(?<=car )\\d"   << "regex"      << "4+1 11+1";
-    QTest::newRow("an accent and its letter's case")      << QString::fromUtf8("\xc3\x89t\xc3\xa9") << QString::fromUtf8("\xc3\xa9") << "" << "0+1 2+1";
-    QTest::newRow("a character of two units is one")      << QString::fromUtf8("a\xf0\x9f\x98\x80z") << "a?z" << ""         << "0+4";
-    QTest::newRow("half a character in the pad")          << "a" + QString(QChar(0xd83d)) + "b 5" << "b" << ""              << "2+1";
-    QTest::newRow("a whole one beside a half")            << QString::fromUtf16(u"\xd83d\U0001F600") << QString::fromUtf16(u"\U0001F600") << ""  << "1+2";
-    QTest::newRow("half a character sought")              << "ab"     << QString(QChar(0xde00)) << ""     << "";
-    QTest::newRow("a far beginning without its end")      << QString::fromUtf16(u"\U0001F600") + QString(300'000, 'a') + 'b' << QString::fromUtf16(u"\U0001F600.*z|b") << "regex" << "300002+1";
-    QTest::newRow("an empty pad")                         << ""       << "a"              << ""           << "";
-    QTest::newRow("no text")                              << pad      << ""               << ""           << error + "Enter text to find";
-    QTest::newRow("blanks are no text")                   << pad      << "  "             << ""           << error + "Enter text to find";
-    QTest::newRow("blanks are an expression")             << "a  b"   << "  "             << "regex"      << "1+2";
-    QTest::newRow("nothing positive")                     << pad      << "-car -boat"     << ""           << error + "Enter at least one term to find";
-    QTest::newRow("an invalid expression")                << pad      << "("              << "regex"      << error + "Invalid regular expression";
-    QTest::newRow("an invalid set")                       << pad      << "[z-a]"          << ""           << error + "Invalid wildcard expression";
-    QTest::newRow("an invalid set to exclude")            << pad      << "car -[z-a]"     << ""           << error + "Invalid wildcard expression";
+    row("a word, in any case",                  pad,      "car",            "",           "0+3 7+3 13+3");
+    row("a word in its case",                   pad,      "car",            "case",       "7+3");
+    row("two words, in the pad's order",        pad,      "go car",         "",           "0+3 7+3 13+3 16+2");
+    row("one of two is missing",                pad,      "car boat",       "",           "");
+    row("a phrase",                             pad,      "\"car 3\"",      "",           "7+5");
+    row("no phrase across lines",               pad,      "\"12 car\"",     "",           "");
+    row("an excluded word that is there",       pad,      "car -12",        "",           "");
+    row("an excluded word that is not",         pad,      "car -boat",      "",           "0+3 7+3 13+3");
+    row("an excluded pattern that takes all",   pad,      "car -*",         "",           "");
+    row("matches of two terms overlap",         "abcd",   "abc bcd",        "",           "0+3 1+3");
+    row("the same match of two terms is one",   "abc",    "abc a?c",        "",           "0+3");
+    row("at one place the shorter comes first", "abc",    "abc a",          "",           "0+1 0+3");
+    row("any text takes as little as it can",   "a1b2b",  "a*b",            "",           "0+3");
+    row("any text ends with the line",          "a\nb",   "a*b",            "",           "");
+    row("a digit",                              pad,      "#",              "",           "4+1 5+1 11+1");
+    row("a digit that no calculation reads",    QString::fromUtf8("\xd9\xa3"), "#", "",  "");
+    row("a bracket alone",                      "x[1",    "[",              "",           "1+1");
+    row("an expression",                        pad,      "car\\s\\d",      "regex",      "0+5 7+5");
+    row("an expression in its case",            pad,      "Car\\s\\d",      "regex case", "0+5");
+    row("an expression with blanks and quotes", "a \"b",  " \"b",           "regex",      "1+3");
+    row("no empty match",                       "aXbX",   "X*",             "regex",      "1+1 3+1");
+    row("nothing but empty matches",            "ab",     "^|$|(?=b)",      "regex",      "");
+    row("a look behind",                        pad,      "(?<=car )\\d",   "regex",      "4+1 11+1");
+    row("an accent and its letter's case",      QString::fromUtf8("\xc3\x89t\xc3\xa9"), QString::fromUtf8("\xc3\xa9"), "", "0+1 2+1");
+    row("a character of two units is one",      QString::fromUtf8("a\xf0\x9f\x98\x80z"), "a?z", "",         "0+4");
+    row("half a character in the pad",          "a" + QString(QChar(0xd83d)) + "b 5", "b", "",              "2+1");
+    row("a whole one beside a half",            QString::fromUtf16(u"\xd83d\U0001F600"), QString::fromUtf16(u"\U0001F600"), "",  "1+2");
+    row("half a character sought",              "ab",     QString(QChar(0xde00)), "",     "");
+    row("a far beginning without its end",      QString::fromUtf16(u"\U0001F600") + QString(300'000, 'a') + 'b', QString::fromUtf16(u"\U0001F600.*z|b"), "regex", "300002+1");
+    row("an empty pad",                         "",       "a",              "",           "");
+    row("no text",                              pad,      "",               "",           error + "Enter text to find");
+    row("blanks are no text",                   pad,      "  ",             "",           error + "Enter text to find");
+    row("blanks are an expression",             "a  b",   "  ",             "regex",      "1+2");
+    row("nothing positive",                     pad,      "-car -boat",     "",           error + "Enter at least one term to find");
+    row("an invalid expression",                pad,      "(",              "regex",      error + "Invalid regular expression");
+    row("an invalid set",                       pad,      "[z-a]",          "",           error + "Invalid wildcard expression");
+    row("an invalid set to exclude",            pad,      "car -[z-a]",     "",           error + "Invalid wildcard expression");
     const QString as = QString(40, 'a');
-    QTest::newRow("an expression without an end")         << as + "b" << "(a+)+c|(a|aa)+d" << "regex"     << error + "Invalid regular expression";
-    QTest::newRow("wildcards without an end")             << QString(300, 'a') << "a*a*a*a*a*a*a*a*[bc]" << "" << error + "Invalid wildcard expression";
+    row("an expression without an end",         as + "b", "(a+)+c|(a|aa)+d", "regex",     error + "Invalid regular expression");
+    row("wildcards without an end",             QString(300, 'a'), "a*a*a*a*a*a*a*a*[bc]", "", error + "Invalid wildcard expression");
     // clang-format on
-}
-
-void PadSearchTest::Matches()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, sought);
-    QFETCH(QString, options);
-    QTEST(Found(text, sought, options), "found");
 }
 
 // A long text is searched in pieces. What is found must be what one search of the whole finds.
@@ -121,26 +108,17 @@ void PadSearchTest::PiecesDoNotShow()
 
 void PadSearchTest::LargePads_data()
 {
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("sought");
-    QTest::addColumn<QString>("options");
-    QTest::addColumn<QString>("outcome");
+    const Table row([](const QString& line, const QString& sought, const QString& options, const QString& outcome) {
+        const QString found = Found(line.repeated(100'000), sought, options);
+        QCOMPARE(found.startsWith(error) ? found : QString::number(found.count(' ') + 1), outcome);
+    });
     // clang-format off
-    QTest::newRow("a word in every line")         << "12*(3+4)\n" << "3+4"                 << ""      << "100000";
-    QTest::newRow("an expression for each digit") << "12*(3+4)\n" << "\\d"                 << "regex" << "400000";
-    QTest::newRow("no line at all, characters of two units") << QString::fromUtf16(u"a\U0001F600") << "?a" << "" << "99999";
-    QTest::newRow("slow in every line")           << QString(22, 'a') + "\n" << "(a+)+b"   << "regex" << error + "Invalid regular expression";
-    QTest::newRow("slow over the whole")          << "12*(3+4)\n" << "(?s)(.*)(.*)(.*)=x"  << "regex" << error + "Invalid regular expression";
+    row("a word in every line",         "12*(3+4)\n", "3+4",                 "",      "100000");
+    row("an expression for each digit", "12*(3+4)\n", "\\d",                 "regex", "400000");
+    row("no line at all, characters of two units", QString::fromUtf16(u"a\U0001F600"), "?a", "", "99999");
+    row("slow in every line",           QString(22, 'a') + "\n", "(a+)+b",   "regex", error + "Invalid regular expression");
+    row("slow over the whole",          "12*(3+4)\n", "(?s)(.*)(.*)(.*)=x",  "regex", error + "Invalid regular expression");
     // clang-format on
-}
-
-void PadSearchTest::LargePads()
-{
-    QFETCH(QString, line);
-    QFETCH(QString, sought);
-    QFETCH(QString, options);
-    const QString found = Found(line.repeated(100'000), sought, options);
-    QTEST(found.startsWith(error) ? found : QString::number(found.count(' ') + 1), "outcome");
 }
 
 QTEST_GUILESS_MAIN(PadSearchTest)

@@ -1,11 +1,11 @@
 #include "core/workspace/RecoveryFile.h"
+#include "../Table.h"
 #include "FullDisk.h"
+#include "TestFiles.h"
 
 #include <QDir>
-#include <QFile>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -15,19 +15,6 @@
 namespace {
 
 const QString abandonedName = "Quellbrook-01234567-89ab-cdef-0123-456789abcdef.recovery";
-
-QByteArray Contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(not readable)");
-}
-
-void Write(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
 
 void SetAge(const QString& path, qint64 seconds)
 {
@@ -76,9 +63,9 @@ private slots:
     void KeptWhileItsOwnerLives();
     void OldestFirst();
     void NotOurs_data();
-    void NotOurs();
+    void NotOurs() { CheckRow(); }
     void Draft_data();
-    void Draft();
+    void Draft() { CheckRow(); }
     void NotWritten();
     void FullDiskKeepsOldText();
     void KilledAtAnyMoment();
@@ -137,70 +124,56 @@ void RecoveryFileTest::OldestFirst()
 
 void RecoveryFileTest::NotOurs_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("kind");
+    const Table row([this](const QString& name, const QString& kind) {
+        const QByteArray path = QFile::encodeName(Path(name));
+        Write(Path("other"), "text");
+        if (kind == "directory")
+            QCOMPARE(mkdir(path, 0700), 0);
+        else if (kind == "pipe")
+            QCOMPARE(mkfifo(path, 0600), 0);
+        else if (kind == "link")
+            QCOMPARE(symlink("other", path), 0);
+        else if (kind == "second name")
+            QCOMPARE(link(QFile::encodeName(Path("other")), path), 0);
+        else
+            Write(Path(name), kind == "bytes" ? "\xff\xfe" : "text");
+        if (kind == "huge")
+            QCOMPARE(truncate(path, largestRecoveryText + 1), 0);
+        if (kind == "owner" && chown(path, 65534, 65534) != 0)
+            QSKIP("only root can give files away");
+        const QStringList before = Files();
+        QCOMPARE(Take(directory->path()), QByteArrayList());
+        QCOMPARE(Files(), before);
+        QCOMPARE(Contents(Path("other")), "text");
+    });
     // clang-format off
-    QTest::newRow("a directory")              << abandonedName                << "directory";
-    QTest::newRow("a pipe")                   << abandonedName                << "pipe";
-    QTest::newRow("a link to a file")         << abandonedName                << "link";
-    QTest::newRow("a file with a second name") << abandonedName               << "second name";
-    QTest::newRow("bytes that are no UTF-8")  << abandonedName                << "bytes";
-    QTest::newRow("a huge file")              << abandonedName                << "huge";
-    QTest::newRow("another user's file")      << abandonedName                << "owner";
-    QTest::newRow("another name")             << "Quellbrook-notes.recovery"  << "text";
-    QTest::newRow("a longer name")            << abandonedName + ".bak"       << "text";
+    row("a directory",              abandonedName,                "directory");
+    row("a pipe",                   abandonedName,                "pipe");
+    row("a link to a file",         abandonedName,                "link");
+    row("a file with a second name", abandonedName,               "second name");
+    row("bytes that are no UTF-8",  abandonedName,                "bytes");
+    row("a huge file",              abandonedName,                "huge");
+    row("another user's file",      abandonedName,                "owner");
+    row("another name",             "Quellbrook-notes.recovery",  "text");
+    row("a longer name",            abandonedName + ".bak",       "text");
     // clang-format on
-}
-
-void RecoveryFileTest::NotOurs()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, kind);
-    const QByteArray path = QFile::encodeName(Path(name));
-    Write(Path("other"), "text");
-    if (kind == "directory")
-        QCOMPARE(mkdir(path, 0700), 0);
-    else if (kind == "pipe")
-        QCOMPARE(mkfifo(path, 0600), 0);
-    else if (kind == "link")
-        QCOMPARE(symlink("other", path), 0);
-    else if (kind == "second name")
-        QCOMPARE(link(QFile::encodeName(Path("other")), path), 0);
-    else
-        Write(Path(name), kind == "bytes" ? "\xff\xfe" : "text");
-    if (kind == "huge")
-        QCOMPARE(truncate(path, largestRecoveryText + 1), 0);
-    if (kind == "owner" && chown(path, 65534, 65534) != 0)
-        QSKIP("only root can give files away");
-    const QStringList before = Files();
-    QCOMPARE(Take(directory->path()), QByteArrayList());
-    QCOMPARE(Files(), before);
-    QCOMPARE(Contents(Path("other")), "text");
 }
 
 void RecoveryFileTest::Draft_data()
 {
-    QTest::addColumn<int>("age"); // seconds
-    QTest::addColumn<bool>("locked");
-    QTest::addColumn<bool>("stays");
-    QTest::newRow("one that has just been made may be somebody's") << 2 << false << true;
-    QTest::newRow("an old one is cleared away") << 600 << false << false;
-    QTest::newRow("unless a slow disk still takes it") << 600 << true << true;
-}
-
-void RecoveryFileTest::Draft()
-{
-    QFETCH(int, age);
-    QFETCH(bool, locked);
-    QFETCH(bool, stays);
-    Write(Path(abandonedName + ".new"), "half a te");
-    SetAge(Path(abandonedName + ".new"), age);
-    QFile owner(Path(abandonedName + ".new"));
-    QVERIFY(owner.open(QIODevice::ReadOnly));
-    if (locked)
-        QCOMPARE(flock(owner.handle(), LOCK_EX), 0);
-    QCOMPARE(Take(directory->path()), QByteArrayList());
-    QCOMPARE(!Files().isEmpty(), stays);
+    const Table row([this](int seconds, bool locked, bool stays) {
+        Write(Path(abandonedName + ".new"), "half a te");
+        SetAge(Path(abandonedName + ".new"), seconds);
+        QFile owner(Path(abandonedName + ".new"));
+        QVERIFY(owner.open(QIODevice::ReadOnly));
+        if (locked)
+            QCOMPARE(flock(owner.handle(), LOCK_EX), 0);
+        QCOMPARE(Take(directory->path()), QByteArrayList());
+        QCOMPARE(!Files().isEmpty(), stays);
+    });
+    row("one that has just been made may be somebody's", 2, false, true);
+    row("an old one is cleared away", 600, false, false);
+    row("unless a slow disk still takes it", 600, true, true);
 }
 
 void RecoveryFileTest::NotWritten()

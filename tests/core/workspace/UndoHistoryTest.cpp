@@ -1,7 +1,6 @@
 // The history over a workspace that is a word: each letter of a row's events does something to it.
 #include "core/workspace/UndoHistory.h"
-
-#include <QTest>
+#include "../Table.h"
 
 namespace {
 
@@ -82,7 +81,7 @@ class UndoHistoryTest : public QObject {
 
 private slots:
     void Steps_data();
-    void Steps();
+    void Steps() { CheckRow(); }
     void Limit();
     void MenuAtTheLimit();
     void SettingsAreNotUndone();
@@ -90,38 +89,31 @@ private slots:
 
 void UndoHistoryTest::Steps_data()
 {
-    QTest::addColumn<QString>("events");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("undoCount");
-    QTest::addColumn<int>("redoCount");
+    const Table row([](const QString& events, const QString& text, int undoCount, int redoCount) {
+        Workspace workspace;
+        for (const QChar event : events)
+            workspace.Do(event);
+        QCOMPARE(workspace.text, text);
+        QCOMPARE(int(workspace.history.UndoCount()), undoCount);
+        QCOMPARE(int(workspace.history.RedoCount()), redoCount);
+    });
     // clang-format off
-    QTest::newRow("a run of edits is one step")                     << "abdu"    << ""     << 0 << 1;
-    QTest::newRow("Enter ends a run and belongs to it")             << "abEu"    << ""     << 0 << 1;
-    QTest::newRow("Enter without a run is a step")                  << "EEu"     << "E"    << 1 << 1;
-    QTest::newRow("a command is a step of its own")                 << "abCu"    << "ab"   << 1 << 1;
-    QTest::newRow("redo leaves what else can be redone")            << "ECCuuur" << "E"    << 1 << 2;
-    QTest::newRow("an edit after undo ends redo")                   << "ECua"    << "Ea"   << 2 << 0;
-    QTest::newRow("nothing to undo is silent")                      << "aEuuu"   << ""     << 0 << 1;
-    QTest::newRow("nothing to redo is silent")                      << "aErr"    << "aE"   << 1 << 0;
-    QTest::newRow("a busy workspace undoes nothing")                << "aEBu"    << "aE"   << 1 << 0;
-    QTest::newRow("forgetting leaves nothing either way")           << "ECunaa"  << "Eaa"  << 1 << 0;
-    QTest::newRow("a dismissed menu leaves no step")                << "Em"      << "E"    << 1 << 0;
-    QTest::newRow("a dismissed menu costs what could be redone")    << "ECum"    << "E"    << 1 << 0;
-    QTest::newRow("a dismissed menu leaves a run open")             << "amb"     << "ab"   << 1 << 0;
-    QTest::newRow("an edit by menu opens a run")                    << "Epau"    << "E"    << 1 << 1;
-    QTest::newRow("a command by menu is one step")                  << "Ecu"     << "E"    << 1 << 1;
+    row("a run of edits is one step",                     "abdu",    "",     0, 1);
+    row("Enter ends a run and belongs to it",             "abEu",    "",     0, 1);
+    row("Enter without a run is a step",                  "EEu",     "E",    1, 1);
+    row("a command is a step of its own",                 "abCu",    "ab",   1, 1);
+    row("redo leaves what else can be redone",            "ECCuuur", "E",    1, 2);
+    row("an edit after undo ends redo",                   "ECua",    "Ea",   2, 0);
+    row("nothing to undo is silent",                      "aEuuu",   "",     0, 1);
+    row("nothing to redo is silent",                      "aErr",    "aE",   1, 0);
+    row("a busy workspace undoes nothing",                "aEBu",    "aE",   1, 0);
+    row("forgetting leaves nothing either way",           "ECunaa",  "Eaa",  1, 0);
+    row("a dismissed menu leaves no step",                "Em",      "E",    1, 0);
+    row("a dismissed menu costs what could be redone",    "ECum",    "E",    1, 0);
+    row("a dismissed menu leaves a run open",             "amb",     "ab",   1, 0);
+    row("an edit by menu opens a run",                    "Epau",    "E",    1, 1);
+    row("a command by menu is one step",                  "Ecu",     "E",    1, 1);
     // clang-format on
-}
-
-void UndoHistoryTest::Steps()
-{
-    QFETCH(QString, events);
-    Workspace workspace;
-    for (const QChar event : events)
-        workspace.Do(event);
-    QTEST(workspace.text, "text");
-    QTEST(int(workspace.history.UndoCount()), "undoCount");
-    QTEST(int(workspace.history.RedoCount()), "redoCount");
 }
 
 void UndoHistoryTest::Limit()
