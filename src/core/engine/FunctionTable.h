@@ -35,19 +35,29 @@ struct FunctionRow {
 
 using FunctionLibrary = std::span<const FunctionRow>;
 
-/// The value of a call, or nothing: a wrong number of arguments, an argument that is not finite, a call outside the
-/// function's domain, a result that is not finite.
-inline Value CallFunction(const FunctionRow& row, Arguments arguments, const RandomSource& random)
+inline bool TakesCount(const FunctionRow& row, qsizetype count)
 {
-    const auto count = static_cast<qsizetype>(arguments.size());
-    if (count < row.fewest || count > row.most)
-        return std::nullopt;
+    return count >= row.fewest && count <= row.most;
+}
+
+/// The value of a call with as many arguments as the function takes, or nothing: an argument that is not finite, a call
+/// outside the function's domain, a result that is not finite.
+inline Value CallRightly(const FunctionRow& row, Arguments arguments, const RandomSource& random)
+{
     for (const double argument : arguments) {
         if (!std::isfinite(argument))
             return std::nullopt;
     }
     const Value value = row.value ? row.value(arguments) : row.drawn(arguments, random);
     return value && std::isfinite(*value) ? value : std::nullopt;
+}
+
+/// The same with any number of arguments; nothing also where the function does not take so many.
+inline Value CallFunction(const FunctionRow& row, Arguments arguments, const RandomSource& random)
+{
+    if (!TakesCount(row, static_cast<qsizetype>(arguments.size())))
+        return std::nullopt;
+    return CallRightly(row, arguments, random);
 }
 
 /// 64 bits of the toolkit's global generator.

@@ -118,6 +118,8 @@ public:
 
     bool Call(const FunctionRow& function, qsizetype count)
     {
+        if (!TakesCount(function, count))
+            return false;
         held -= count;
         equation.work += workOfCall;
         equation.drawsRandomly |= function.drawn != nullptr;
@@ -253,7 +255,7 @@ inline bool CompiledEquation::Apply(const Operation& operation, std::span<const 
     case Code::Call:
         *stack.next++ = stack.top;
         stack.next -= operation.count;
-        return stack.Take(CallFunction(*operation.function, {stack.next, operation.count}, random));
+        return stack.Take(CallRightly(*operation.function, {stack.next, operation.count}, random));
     }
     Q_UNREACHABLE();
 }
